@@ -1,0 +1,9 @@
+#include <CommandSystem/CommandFactory.h>
+
+CS_BEGIN_NAMESPACE
+
+CommandFactory::CommandFactory() = default;
+
+CommandFactory::~CommandFactory() = default;
+
+CS_END_NAMESPACE

@@ -1,0 +1,164 @@
+#include <CommandSystem/CommandInvoker.h>
+
+#include "command/CommandInvokerImpl.h"
+
+#include <CommandSystem/CommandPipe.h>
+#include <CommandSystem/EscaperPipe.h>
+
+#include <QEventLoop>
+#include <QFutureWatcher>
+#include <QMutexLocker>
+#include <QThread>
+#include <QtConcurrent/QtConcurrentRun>
+
+CS_BEGIN_NAMESPACE
+
+namespace {
+
+constexpr int pipeCount = 5;
+
+void registerRunnableType()
+{
+    static const int id = qRegisterMetaType<Runnable*>("Runnable*");
+    Q_UNUSED(id);
+}
+
+} // namespace
+
+// On the invoker's thread: run, then hand the runnable over. A waiter on another thread set
+// autoDelete to false and waits, under the runnable's mutex, until it turns true; it then owns
+// the runnable. The flag is written under that mutex, so no wake-up can be lost.
+int CommandInvokerImpl::runHere(Runnable* runnable)
+{
+    const int result = runnable->function();
+    runnable->result = result;
+    QMutexLocker locker(&runnable->mutex);
+    if (!runnable->autoDelete) {
+        runnable->autoDelete = true;
+        runnable->condition.wakeOne();
+        return result;
+    }
+    locker.unlock();
+    delete runnable;
+    return result;
+}
+
+int CommandInvokerImpl::runOnOwnerThreadAndWait(Runnable* runnable)
+{
+    QMutexLocker locker(&runnable->mutex);
+    runnable->autoDelete = false;
+    QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::QueuedConnection,
+                              Q_ARG(Runnable*, runnable));
+    while (!runnable->autoDelete)
+        runnable->condition.wait(&runnable->mutex);
+    const int result = runnable->result;
+    locker.unlock();
+    delete runnable;
+    return result;
+}
+
+CommandInvoker::CommandInvoker(QObject* parent) : QObject(parent), d(new CommandInvokerImpl(this))
+{
+    registerRunnableType();
+    for (int level = 0; level < pipeCount; ++level)
+        d->commandPipes.append(new CommandPipe(level));
+    for (int index = 0; index < pipeCount; ++index)
+        d->escaperPipes.append(new EscaperPipe);
+}
+
+CommandInvoker::~CommandInvoker()
+{
+    qDeleteAll(d->commandPipes);
+    qDeleteAll(d->escaperPipes);
+    delete d;
+}
+
+bool CommandInvoker::invoke()
+{
+    d->invokeSucceed = false;
+    if (!d->invokeEnabled)
+        return false;
+    for (CommandPipe* pipe : qAsConst(d->commandPipes)) {
+        // Escaper pipe 0 rules every level.
+        Escaper* escaper = d->escapeEnabled ? d->escaperPipes.first()->escaper() : nullptr;
+        d->invokeSucceed = pipe->process(escaper);
+        if (d->invokeSucceed)
+            return true;
+    }
+    return false;
+}
+
+CommandPipe* CommandInvoker::commandPipe(int level) const
+{
+    return d->commandPipes.at(level);
+}
+
+EscaperPipe* CommandInvoker::escaperPipe(int index) const
+{
+    return d->escaperPipes.at(index);
+}
+
+bool CommandInvoker::isInvokeEnabled() const
+{
+    return d->invokeEnabled;
+}
+
+void CommandInvoker::setInvokeEnabled(bool enabled)
+{
+    d->invokeEnabled = enabled;
+}
+
+bool CommandInvoker::isEscapeEnabled() const
+{
+    return d->escapeEnabled;
+}
+
+void CommandInvoker::setEscapeEnabled(bool enabled)
+{
+    d->escapeEnabled = enabled;
+}
+
+bool CommandInvoker::isInvokeSucceed() const
+{
+    return d->invokeSucceed;
+}
+
+void CommandInvoker::setEventLoops(QList<QEventLoop*>* loops)
+{
+    d->eventLoops = loops;
+}
+
+int CommandInvoker::runOnMainThread(Runnable* runnable)
+{
+    if (QThread::currentThread() != thread())
+        return d->runOnOwnerThreadAndWait(runnable);
+    return d->runHere(runnable);
+}
+
+int CommandInvoker::runOnWorkThread(Runnable* runnable)
+{
+    QFuture<int> task = QtConcurrent::run([runnable] {
+        runnable->result = runnable->function();
+        return runnable->result;
+    });
+
+    // Sleep in the event dispatcher until the task ends: queued calls (such as runOnMainThread
+    // from the task) and posted events are delivered, user input is not.
+    QEventLoop* loop = new QEventLoop(this);
+    if (d->eventLoops)
+        d->eventLoops->append(loop);
+    QFutureWatcher<int> watcher;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, loop, &QEventLoop::quit);
+    watcher.setFuture(task);
+    while (!task.isFinished())
+        loop->exec(QEventLoop::ExcludeUserInputEvents);
+    if (d->eventLoops)
+        d->eventLoops->removeLast();
+    delete loop;
+
+    if (runnable->autoDelete)
+        delete runnable;
+    return task.result();
+}
+
+CS_END_NAMESPACE
