@@ -1,6 +1,7 @@
 #include <CommandSystem/Action.h>
 
 #include "action/ActionImpl.h"
+#include "action/CloneAction.h"
 #include "platform/LogInfo.h"
 
 #include <boost/pool/singleton_pool.hpp>
@@ -172,7 +173,10 @@ void Action::setIcon(const QString& name)
 
 void Action::onChanged()
 {
-    const auto* clone = qobject_cast<const QAction*>(sender());
+    const QAction* clone = CloneAction::takeChanging();
+    // Anything but one of our clones announcing a change is looked up the slow way.
+    if (!clone || clone->objectName() != objectName())
+        clone = qobject_cast<const QAction*>(sender());
     if (!clone)
         return;
     // The echo of our own signals comes back here through every clone: ignore it.

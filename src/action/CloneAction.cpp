@@ -2,6 +2,8 @@
 
 #include <QEvent>
 
+#include <utility>
+
 CS_BEGIN_NAMESPACE
 
 CloneAction::CloneAction(const QIcon& icon, const QString& text, QObject* parent)
@@ -9,7 +11,22 @@ CloneAction::CloneAction(const QIcon& icon, const QString& text, QObject* parent
 {
 }
 
-CloneAction::~CloneAction() = default;
+CloneAction::~CloneAction()
+{
+    if (changing() == this)
+        changing() = nullptr;
+}
+
+QAction* CloneAction::takeChanging()
+{
+    return std::exchange(changing(), nullptr);
+}
+
+CloneAction*& CloneAction::changing()
+{
+    static CloneAction* clone = nullptr;
+    return clone;
+}
 
 bool CloneAction::event(QEvent* event)
 {
@@ -20,7 +37,11 @@ bool CloneAction::event(QEvent* event)
     }
     // Everything else, ActionChanged above all, must reach QAction so that the tool buttons
     // and menu entries showing this clone follow its state.
-    return QAction::event(event);
+    const bool handled = QAction::event(event);
+    // QAction sends itself ActionChanged right before it emits changed().
+    if (event->type() == QEvent::ActionChanged)
+        changing() = this;
+    return handled;
 }
 
 CS_END_NAMESPACE

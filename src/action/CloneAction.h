@@ -17,8 +17,16 @@ public:
     CloneAction(const QIcon& icon, const QString& text, QObject* parent);
     ~CloneAction() override;
 
+    // The clone whose changed() is being emitted, if it is the last one that announced a
+    // change; cleared on reading. Lets Action::onChanged skip QObject::sender(), which searches
+    // every connection into the action: two per clone.
+    static QAction* takeChanging();
+
 protected:
     bool event(QEvent* event) override;
+
+private:
+    static CloneAction*& changing();
 };
 
 CS_END_NAMESPACE

@@ -35,6 +35,7 @@ private slots:
     void cloneStateSyncedBackOnce_data();
     void cloneStateSyncedBackOnce();
     void visibilityNotSyncedBack();
+    void renamedCloneAndForeignActionSyncBack();
     void clonesFollowTextsByType();
     void customizedClonesIgnoreChanges();
     void firingCloneTriggersActionAndLogs();
@@ -235,6 +236,28 @@ void tst_CloneAction::visibilityNotSyncedBack()
     QVERIFY(action.isVisible());
     QVERIFY(second->isVisible());
     QCOMPARE(spy.count(), 0);
+}
+
+void tst_CloneAction::renamedCloneAndForeignActionSyncBack()
+{
+    Action action(nullptr);
+    action.setName(QStringLiteral("ID_SNAP"));
+    action.setCheckable(true);
+    QAction* renamed = action.clone(nullptr, 0);
+    QAction* other = action.clone(nullptr, 0);
+    renamed->setObjectName(QStringLiteral("host name"));
+    renamed->setChecked(true);
+    QVERIFY(action.isChecked());
+    QVERIFY(other->isChecked());
+
+    // A host's own action wired to the same slot is synced too.
+    QAction foreign(nullptr);
+    foreign.setCheckable(true);
+    foreign.setChecked(true);
+    QVERIFY(connect(&foreign, SIGNAL(changed()), &action, SLOT(onChanged())));
+    foreign.setEnabled(false);
+    QVERIFY(!action.isEnabled());
+    QVERIFY(!other->isEnabled());
 }
 
 void tst_CloneAction::clonesFollowTextsByType()
