@@ -28,6 +28,11 @@ Entity Drawing::newEntity(const QString& kind)
     return entity;
 }
 
+int Drawing::allocateId()
+{
+    return m_nextId++;
+}
+
 void Drawing::insert(const Entity& entity)
 {
     m_entities.insert(entity.id, entity);

@@ -20,6 +20,7 @@ public:
 
     // A new entity with a fresh id and the current layer and width; not yet in the drawing.
     Entity newEntity(const QString& kind);
+    int allocateId();
     void insert(const Entity& entity);
     bool remove(int id);
     void clear();

@@ -328,7 +328,8 @@ QGraphicsItem* DrawingView::makeItem(const Entity& entity) const
         double angle = entity.angle;
         if (entity.kind == QLatin1String("dimension")) {
             const QPainterPath path = entity.path();
-            const QPolygonF dimLine = path.toSubpathPolygons().value(2);
+            const QList<QPolygonF> parts = path.toSubpathPolygons();
+            const QPolygonF dimLine = parts.size() > 2 ? parts[2] : parts.value(0).mid(1);
             const QLineF line(dimLine.value(0), dimLine.value(1));
             angle = line.angle() > 90 && line.angle() <= 270 ? -line.angle() + 180 : -line.angle();
             const double width = metrics.horizontalAdvance(label) * s;

@@ -104,6 +104,10 @@ QPainterPath Entity::path() const
         path.addEllipse(points[0], radius, radius);
     } else if (kind == QLatin1String("arc") && points.size() == 3) {
         addArc(path, points);
+    } else if (kind == QLatin1String("dimension") && points.size() == 3 && text == QLatin1String("radius")) {
+        path.moveTo(points[0]);
+        path.lineTo(points[1]);
+        path.lineTo(points[2]);
     } else if (kind == QLatin1String("dimension") && points.size() == 3) {
         addDimension(path, points);
     } else if (kind == QLatin1String("point") && !points.isEmpty()) {

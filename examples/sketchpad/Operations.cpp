@@ -1,8 +1,11 @@
 #include "Operations.h"
 
 #include "CommandSession.h"
+#include "DrawingUndoCommand.h"
 
 #include <CommandSystem/Template.h>
+
+#include <QUndoStack>
 
 Operations::Operations(SketchContext& context)
     : m_context(context)
@@ -22,4 +25,10 @@ bool Operations::run(CommandSession& session, Stage stage)
         return false;
     (*handler)(m_context, session, stage);
     return true;
+}
+
+void Operations::commit(SketchContext& context, const QString& text, const QList<Entity>& removed,
+                        const QList<Entity>& added)
+{
+    context.undoStack->push(new DrawingUndoCommand(context.drawing, text, removed, added));
 }

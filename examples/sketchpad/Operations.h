@@ -1,7 +1,10 @@
 #ifndef SKETCHPAD_OPERATIONS_H
 #define SKETCHPAD_OPERATIONS_H
 
+#include "Entity.h"
 #include "SketchContext.h"
+
+#include <QList>
 
 #include <QHash>
 #include <QString>
@@ -24,6 +27,10 @@ public:
     void add(const QString& function, const Handler& handler);
     // False when the program has no handler for the session's function.
     bool run(CommandSession& session, Stage stage);
+
+    // Applies a change to the drawing as one undoable step.
+    static void commit(SketchContext& context, const QString& text, const QList<Entity>& removed,
+                       const QList<Entity>& added);
 
 private:
     SketchContext& m_context;
