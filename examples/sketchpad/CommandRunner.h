@@ -47,6 +47,8 @@ public:
     void setBusy(bool busy);
     bool isIdle() const;
 
+    // Shows the prompt of the command that waits for input, or the idle prompt.
+    void showPrompt();
     void trace(const QString& text);
     void print(const QString& text, CommandLine::Role role = CommandLine::Message);
 
@@ -71,7 +73,6 @@ private slots:
 private:
     void connectSession(CommandSession* session);
     void schedule();
-    void showPrompt();
     void applyPrompt(CommandSession* session, const QString& prompt, const QString& format);
     int levelOf(const QString& name);
 
