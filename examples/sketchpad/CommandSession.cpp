@@ -14,7 +14,7 @@ namespace {
 
 using Parameter = Talvir::Vexa::Cs::Parameter;
 
-QString property(const Parameter* parameter, const char* name)
+QString textOf(const Parameter* parameter, const char* name)
 {
     return QString::fromLocal8Bit(parameter->textProperty(name));
 }
@@ -232,15 +232,15 @@ void CommandSession::enter(int index)
     const auto& parameters = m_template->parameters();
     for (; index < int(parameters.size()); ++index) {
         const Parameter* parameter = parameters[index];
-        const QString selected = property(parameter, "selected");
+        const QString selected = textOf(parameter, "selected");
         if (!selected.isEmpty() && selected != m_lastOption)
             continue;
         if (parameter->type() == Parameter::TypeNull) {
-            emit echoed(property(parameter, "prompt"));
+            emit echoed(textOf(parameter, "prompt"));
             continue;
         }
         if (parameter->type() == Parameter::TypeForm) {
-            emit echoed(property(parameter, "prompt"));
+            emit echoed(textOf(parameter, "prompt"));
             emit formRequested(parameter);
             continue;
         }
@@ -274,7 +274,7 @@ void CommandSession::accept(const Answer& answer, const QString& echo)
 {
     const Parameter* parameter = current();
     m_answers.append(answer);
-    emit echoed(property(parameter, "prompt") + QLatin1Char(' ') + echo);
+    emit echoed(textOf(parameter, "prompt") + QLatin1Char(' ') + echo);
     if (parameter->isTrigger())
         emit triggered(parameter);
     if (!m_finished)
@@ -301,7 +301,7 @@ bool CommandSession::takeOption(const QString& text)
             takeEntities(ids, option.second);
             return true;
         }
-        emit echoed(property(parameter, "prompt") + QLatin1Char(' ') + option.second);
+        emit echoed(textOf(parameter, "prompt") + QLatin1Char(' ') + option.second);
         if (key == QLatin1String("u")) {
             if (m_answers.isEmpty() || m_answers.last().luid != parameter->luid()) {
                 emit rejected(QStringLiteral("Nothing to undo."));
@@ -348,7 +348,7 @@ bool CommandSession::takeEmpty()
         return true;
     }
     if (parameter->inteProperty("next") == parameter->luid()) {
-        emit echoed(property(parameter, "prompt"));
+        emit echoed(textOf(parameter, "prompt"));
         finish(true);
         return true;
     }
@@ -412,7 +412,7 @@ void CommandSession::takeEntities(const QList<int>& ids, const QString& echo)
     if (parameter->inteProperty("disable_hi") == 0)
         m_view->setHighlighted(m_selection);
     if (parameter->inteProperty("list") != 0) {
-        emit echoed(QStringLiteral("%1 %2, %3 selected").arg(property(parameter, "prompt"), echo)
+        emit echoed(QStringLiteral("%1 %2, %3 selected").arg(textOf(parameter, "prompt"), echo)
                         .arg(m_selection.size()));
         return;
     }
@@ -426,8 +426,8 @@ void CommandSession::takeCorner(const QPointF& point, const QString& echo)
 {
     if (!m_firstCorner) {
         m_firstCorner = point;
-        emit echoed(property(current(), "prompt") + QLatin1Char(' ') + echo);
-        emit promptChanged(QStringLiteral("Specify opposite corner:"), property(current(), "format"));
+        emit echoed(textOf(current(), "prompt") + QLatin1Char(' ') + echo);
+        emit promptChanged(QStringLiteral("Specify opposite corner:"), textOf(current(), "format"));
         return;
     }
     Answer answer;
@@ -471,7 +471,7 @@ bool CommandSession::inRange(double value) const
     const Parameter* parameter = current();
     if (parameter->isChecker() && value <= 0)
         return false;
-    const QStringList bounds = property(parameter, "dim").split(QLatin1Char('@'));
+    const QStringList bounds = textOf(parameter, "dim").split(QLatin1Char('@'));
     if (bounds.size() != 2)
         return true;
     return value >= bounds[0].toDouble() && value <= bounds[1].toDouble();
@@ -490,7 +490,7 @@ int CommandSession::indexOf(int luid) const
 QList<CommandSession::Option> CommandSession::options() const
 {
     QList<Option> result;
-    const QStringList entries = property(current(), "options").split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    const QStringList entries = textOf(current(), "options").split(QLatin1Char(';'), Qt::SkipEmptyParts);
     for (const QString& entry : entries) {
         const int colon = entry.indexOf(QLatin1Char(':'));
         if (colon > 0)
@@ -501,11 +501,11 @@ QList<CommandSession::Option> CommandSession::options() const
 
 QString CommandSession::expected() const
 {
-    const QString format = property(current(), "format");
+    const QString format = textOf(current(), "format");
     return format.isEmpty() ? QStringLiteral("a value") : format;
 }
 
 void CommandSession::prompt()
 {
-    emit promptChanged(property(current(), "prompt"), property(current(), "format"));
+    emit promptChanged(textOf(current(), "prompt"), textOf(current(), "format"));
 }

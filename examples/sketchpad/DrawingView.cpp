@@ -329,7 +329,7 @@ QGraphicsItem* DrawingView::makeItem(const Entity& entity) const
         if (entity.kind == QLatin1String("dimension")) {
             const QPainterPath path = entity.path();
             const QList<QPolygonF> parts = path.toSubpathPolygons();
-            const QPolygonF dimLine = parts.size() > 2 ? parts[2] : parts.value(0).mid(1);
+            const QPolygonF dimLine = parts.size() > 2 ? parts[2] : QPolygonF(parts.value(0).mid(1));
             const QLineF line(dimLine.value(0), dimLine.value(1));
             angle = line.angle() > 90 && line.angle() <= 270 ? -line.angle() + 180 : -line.angle();
             const double width = metrics.horizontalAdvance(label) * s;

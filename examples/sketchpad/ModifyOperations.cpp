@@ -94,7 +94,7 @@ void mirror(SketchContext& context, CommandSession& session, Stage stage)
     Operations::commit(context, QStringLiteral("Mirror"), removed, copies(context, ids, transform));
 }
 
-void erase(SketchContext& context, CommandSession& session, Stage stage)
+void eraseEntities(SketchContext& context, CommandSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -200,7 +200,7 @@ void ModifyOperations::registerAll(Operations& operations)
     operations.add(QStringLiteral("rotate"), rotate);
     operations.add(QStringLiteral("scale"), scale);
     operations.add(QStringLiteral("mirror"), mirror);
-    operations.add(QStringLiteral("erase"), erase);
+    operations.add(QStringLiteral("erase"), eraseEntities);
     operations.add(QStringLiteral("offset"), offset);
     operations.add(QStringLiteral("explode"), explode);
     operations.add(QStringLiteral("stretch"), stretch);

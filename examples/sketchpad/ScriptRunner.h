@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class MainWindow;
+class QAction;
 
 // Replays a session from a text script, one step at a time whenever the program is idle, and
 // prints the session (issued command texts, posted and run commands, the escaper's decisions,
