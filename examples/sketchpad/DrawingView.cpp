@@ -331,7 +331,12 @@ QGraphicsItem* DrawingView::makeItem(const Entity& entity) const
             const QList<QPolygonF> parts = path.toSubpathPolygons();
             const QPolygonF dimLine = parts.size() > 2 ? parts[2] : QPolygonF(parts.value(0).mid(1));
             const QLineF line(dimLine.value(0), dimLine.value(1));
-            angle = line.angle() > 90 && line.angle() <= 270 ? -line.angle() + 180 : -line.angle();
+            // Drawing units point up, so the text reads along the line from left or from below.
+            angle = qRadiansToDegrees(std::atan2(line.dy(), line.dx()));
+            if (angle > 90.0)
+                angle -= 180.0;
+            else if (angle <= -90.0)
+                angle += 180.0;
             const double width = metrics.horizontalAdvance(label) * s;
             const QLineF unit = QLineF(QPointF(0, 0), QPointF(std::cos(qDegreesToRadians(angle)),
                                                               std::sin(qDegreesToRadians(angle))));
