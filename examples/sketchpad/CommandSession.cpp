@@ -409,8 +409,7 @@ void CommandSession::takeEntities(const QList<int>& ids, const QString& echo)
         if (!m_selection.contains(id))
             m_selection.append(id);
     }
-    if (parameter->inteProperty("disable_hi") == 0)
-        m_view->setHighlighted(m_selection);
+    m_view->setHighlighted(m_selection);
     if (parameter->inteProperty("list") != 0) {
         emit echoed(QStringLiteral("%1 %2, %3 selected").arg(textOf(parameter, "prompt"), echo)
                         .arg(m_selection.size()));
