@@ -28,6 +28,8 @@ QStringList TextTable::lines(const QString& indent) const
             const bool last = column == row.size() - 1;
             line += last ? row.at(column) : row.at(column).leftJustified(columnWidths.at(column) + 2);
         }
+        while (line.endsWith(QLatin1Char(' ')))
+            line.chop(1);
         result.append(line);
     }
     return result;

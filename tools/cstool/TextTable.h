@@ -6,7 +6,7 @@
 
 namespace CsTool {
 
-// Rows of text printed in aligned columns, two blanks apart; the last column is not padded.
+// Rows of text printed in aligned columns, two blanks apart, without trailing blanks.
 class TextTable
 {
 public:
