@@ -20,6 +20,7 @@ endfunction()
 
 cs_directories_of(cs_template_dirs ${cs_example_templates})
 cs_directories_of(cs_icon_dirs ${cs_example_icons})
+cs_directories_of(cs_ui_dirs ${cs_example_ui})
 set(cs_icon_options "")
 foreach(directory IN LISTS cs_icon_dirs)
     list(APPEND cs_icon_options --icons ${directory})
@@ -37,7 +38,7 @@ if(CS_XMLLINT)
 endif()
 
 add_test(NAME example_validate
-    COMMAND cstool validate ${cs_icon_options} ${cs_template_dirs} ${CS_EXAMPLES}/ui)
+    COMMAND cstool validate ${cs_icon_options} ${cs_template_dirs} ${cs_ui_dirs})
 
 foreach(map IN LISTS cs_example_maps)
     get_filename_component(directory ${map} DIRECTORY)
@@ -45,7 +46,7 @@ foreach(map IN LISTS cs_example_maps)
     add_test(NAME example_map_check_${name} COMMAND cstool map --check ${directory})
 endforeach()
 
-add_test(NAME example_ui COMMAND cstool ui ${cs_icon_options} ${CS_EXAMPLES}/ui)
+add_test(NAME example_ui COMMAND cstool ui ${cs_icon_options} ${cs_ui_dirs})
 set_tests_properties(example_ui PROPERTIES FAIL_REGULAR_EXPRESSION "missing \\(")
 set_tests_properties(example_validate example_ui PROPERTIES
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
