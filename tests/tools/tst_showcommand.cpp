@@ -63,8 +63,8 @@ void tst_ShowCommand::tableShowsPropertiesAndParameters()
         QStringLiteral("  last_tpl  false"),
         QStringLiteral("Parameters:"),
         QStringLiteral("  luid  type      trigger  checker  description  prompt                     format     options  other"),
-        QStringLiteral("  1     point     yes      no       Centre       Specify the centre point:                     dim=10@20; list=2"),
-        QStringLiteral("  2     distance  no       yes                                               Radius %1  min=0")};
+        QStringLiteral("  1     point     yes      no       Centre       Specify the centre point:                      dim=10@20; list=2"),
+        QStringLiteral("  2     distance  no       yes                                              Radius %1  min=0")};
     QCOMPARE(tool.outLines(), expected);
 }
 

@@ -100,14 +100,14 @@ void tst_ValidateCommand::xcuiProblemsNameFileLineAndColumn()
     RUN_CSTOOL(tool, {QStringLiteral("validate"), file});
     QCOMPARE(tool.exitCode, 1);
     const QStringList expected = {
-        file + QStringLiteral(":2:26: Action without a name"),
-        file + QStringLiteral(":3:38: \"Checked\" is neither \"true\" nor \"false\": True"),
-        file + QStringLiteral(":4:38: widget action without \"Widget\""),
-        file + QStringLiteral(":5:23: Action name defined twice: ID_A (first defined at ")
-            + file + QStringLiteral(":3:38)"),
-        file + QStringLiteral(":6:14: Unexpected element: Tooltip"),
-        file + QStringLiteral(":6:44: Duplicate element: Script (the later one wins)"),
-        file + QStringLiteral(":5:23: icon not found: nowhere"),
+        file + QStringLiteral(":2:3: Action without a name"),
+        file + QStringLiteral(":3:3: \"Checked\" is neither \"true\" nor \"false\": True"),
+        file + QStringLiteral(":4:3: widget action without \"Widget\""),
+        file + QStringLiteral(":5:3: Action name defined twice: ID_A (first defined at ")
+            + file + QStringLiteral(":3:3)"),
+        file + QStringLiteral(":6:5: Unexpected element: Tooltip"),
+        file + QStringLiteral(":6:43: Duplicate element: Script (the later one wins)"),
+        file + QStringLiteral(":5:3: icon not found: nowhere"),
         QStringLiteral("1 file(s) checked, 1 invalid")};
     QCOMPARE(tool.outLines(), expected);
 }
@@ -120,8 +120,8 @@ void tst_ValidateCommand::nameDefinedInTwoFiles()
     RUN_CSTOOL(tool, {QStringLiteral("validate"), temp.filePath(QStringLiteral("two"))});
     QCOMPARE(tool.exitCode, 1);
     QCOMPARE(tool.outLines(),
-             QStringList({second + QStringLiteral(":2:21: Action name defined twice: ID_X (first defined at ")
-                              + first + QStringLiteral(":1:30)"),
+             QStringList({second + QStringLiteral(":2:1: Action name defined twice: ID_X (first defined at ")
+                              + first + QStringLiteral(":1:10)"),
                           QStringLiteral("2 file(s) checked, 1 invalid")}));
 }
 

@@ -36,14 +36,14 @@ void SubCommand::report(const QString& message) const
     Console::err(QStringLiteral("cstool %1: %2").arg(name(), message));
 }
 
-// The parser names only the program in its usage line; the sub-command belongs there too.
+// The parser's usage line names the program by the path it was started with and leaves the
+// sub-command out; authors should read the line they are to type.
 QString SubCommand::helpText(const QCommandLineParser& parser) const
 {
     QString text = parser.helpText();
-    const QString program = QCoreApplication::applicationName();
-    const int at = text.indexOf(program);
-    if (at >= 0)
-        text.insert(at + program.size(), QLatin1Char(' ') + name());
+    const int options = text.indexOf(QLatin1String(" [options]"));
+    if (text.startsWith(QLatin1String("Usage: ")) && options > 0)
+        text.replace(0, options, QStringLiteral("Usage: cstool ") + name());
     return text.trimmed();
 }
 

@@ -128,7 +128,9 @@ QString UiCommand::iconState(const Action& action) const
 }
 
 // ActionPool::save reports a write error as true and a file it could not open as false, just
-// like success; so the file is opened once beforehand (without truncating it) to tell them apart.
+// like success; so the file is opened once beforehand (without truncating it) to tell them
+// apart. A write error that only shows when the file is flushed goes unreported by the writer,
+// so the file is read back as well.
 bool UiCommand::save(ActionPool& pool, const QString& filePath) const
 {
     QFile probe(filePath);
@@ -137,12 +139,18 @@ bool UiCommand::save(ActionPool& pool, const QString& filePath) const
         return false;
     }
     probe.close();
-    if (pool.save(filePath)) {
+    if (pool.save(filePath) || !readsBack(pool, filePath)) {
         report(QStringLiteral("%1: writing failed").arg(filePath));
         return false;
     }
     Console::out(QStringLiteral("%1: saved %2 action(s)").arg(filePath).arg(pool.actions().size()));
     return true;
+}
+
+bool UiCommand::readsBack(const ActionPool& pool, const QString& filePath)
+{
+    ActionPool written;
+    return written.load(filePath) && written.actions().size() == pool.actions().size();
 }
 
 } // namespace CsTool

@@ -32,6 +32,7 @@ private:
     void print(const Talvir::Vexa::Cs::ActionPool& pool) const;
     QString iconState(const Talvir::Vexa::Cs::Action& action) const;
     bool save(Talvir::Vexa::Cs::ActionPool& pool, const QString& filePath) const;
+    static bool readsBack(const Talvir::Vexa::Cs::ActionPool& pool, const QString& filePath);
 
     QSet<const Talvir::Vexa::Cs::Action*> seen;
     QHash<QString, QString> declaredIcons;

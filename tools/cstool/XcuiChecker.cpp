@@ -1,8 +1,11 @@
 #include "XcuiChecker.h"
 
 #include <QFile>
+#include <QList>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
+
+#include <algorithm>
 
 namespace CsTool {
 
@@ -48,19 +51,44 @@ QStringList XcuiChecker::check(const QString& filePath)
         problems.append(QStringLiteral("%1: cannot read: %2").arg(file, device.errorString()));
         return problems;
     }
-    QXmlStreamReader reader(&device);
+    const QByteArray content = device.readAll();
+    lineStarts = {0};
+    const QString text = QString::fromUtf8(content);
+    for (int at = text.indexOf(QLatin1Char('\n')); at >= 0; at = text.indexOf(QLatin1Char('\n'), at + 1))
+        lineStarts.append(at + 1);
+    QXmlStreamReader reader(content);
     checkDocument(reader);
     if (reader.hasError())
-        problem(reader, reader.errorString());
+        problemAt(positionAt(reader.characterOffset()), reader.errorString());
     return problems;
+}
+
+// Tokens follow each other without gaps, so a token starts where the previous one ended; the
+// reader itself only tells where a token ends. Text ends where a "<" follows, which the reader
+// has then already consumed.
+void XcuiChecker::next(QXmlStreamReader& reader)
+{
+    const qint64 lookahead = reader.isCharacters() ? 1 : 0;
+    tokenStart = positionAt(reader.characterOffset() - lookahead);
+    reader.readNext();
+}
+
+// Lines and columns counted from 1 for a character offset of the document.
+XcuiChecker::Position XcuiChecker::positionAt(qint64 offset) const
+{
+    const auto after = std::upper_bound(lineStarts.constBegin(), lineStarts.constEnd(), offset);
+    const qint64 line = after - lineStarts.constBegin();
+    return Position{line, offset - lineStarts.at(int(line - 1)) + 1};
 }
 
 void XcuiChecker::checkDocument(QXmlStreamReader& reader)
 {
-    if (!reader.readNextStartElement())
+    while (!reader.atEnd() && !reader.isStartElement())
+        next(reader);
+    if (!reader.isStartElement())
         return;
     if (reader.name() != QLatin1String("Actions")) {
-        problem(reader, QStringLiteral("Unexpected element: ") + reader.name().toString());
+        problem(QStringLiteral("Unexpected element: ") + reader.name().toString());
         return;
     }
     checkRootAttributes(reader);
@@ -74,7 +102,7 @@ void XcuiChecker::checkRootAttributes(QXmlStreamReader& reader)
         const QString name = attribute.qualifiedName().toString();
         if (!isSchemaInstance(attribute) && name != QLatin1String("name")
             && name != QLatin1String("version"))
-            problem(reader, QStringLiteral("Unexpected attribute: ") + name);
+            problem(QStringLiteral("Unexpected attribute: ") + name);
     }
 }
 
@@ -84,7 +112,7 @@ void XcuiChecker::checkActions(QXmlStreamReader& reader)
         if (reader.name() == QLatin1String("Action")) {
             checkAction(reader);
         } else {
-            problem(reader, QStringLiteral("Unexpected element: ") + reader.name().toString());
+            problem(QStringLiteral("Unexpected element: ") + reader.name().toString());
             reader.skipCurrentElement();
         }
     }
@@ -92,7 +120,7 @@ void XcuiChecker::checkActions(QXmlStreamReader& reader)
 
 void XcuiChecker::checkAction(QXmlStreamReader& reader)
 {
-    const Position where{reader.lineNumber(), reader.columnNumber()};
+    const Position where = tokenStart;
     QString type;
     bool named = false;
     QString name;
@@ -105,7 +133,7 @@ void XcuiChecker::checkAction(QXmlStreamReader& reader)
         } else if (attributeName == QLatin1String("type")) {
             type = attribute.value().toString();
         } else if (!isSchemaInstance(attribute)) {
-            problem(reader, QStringLiteral("Unexpected attribute: ") + attributeName);
+            problem(QStringLiteral("Unexpected attribute: ") + attributeName);
         }
     }
     checkActionName(name, named, where);
@@ -139,12 +167,12 @@ void XcuiChecker::readChildren(QXmlStreamReader& reader, const QStringList& allo
     while (nextChildElement(reader)) {
         const QString element = reader.name().toString();
         if (!allowed.contains(element)) {
-            problem(reader, QStringLiteral("Unexpected element: ") + element);
+            problem(QStringLiteral("Unexpected element: ") + element);
             reader.skipCurrentElement();
             continue;
         }
         if (seen.contains(element))
-            problem(reader, QStringLiteral("Duplicate element: %1 (the later one wins)").arg(element));
+            problem(QStringLiteral("Duplicate element: %1 (the later one wins)").arg(element));
         seen.append(element);
         checkNoAttributes(reader);
         if (element == QLatin1String("Text"))
@@ -158,11 +186,11 @@ QString XcuiChecker::readLeaf(QXmlStreamReader& reader)
 {
     QString text;
     while (!reader.atEnd()) {
-        reader.readNext();
+        next(reader);
         if (reader.isCharacters()) {
             text += reader.text();
         } else if (reader.isStartElement()) {
-            problem(reader, QStringLiteral("Unexpected element: ") + reader.name().toString());
+            problem(QStringLiteral("Unexpected element: ") + reader.name().toString());
             reader.skipCurrentElement();
         } else if (reader.isEndElement()) {
             break;
@@ -175,13 +203,13 @@ QString XcuiChecker::readLeaf(QXmlStreamReader& reader)
 bool XcuiChecker::nextChildElement(QXmlStreamReader& reader)
 {
     while (!reader.atEnd()) {
-        reader.readNext();
+        next(reader);
         if (reader.isStartElement())
             return true;
         if (reader.isEndElement())
             return false;
         if (reader.isCharacters() && !reader.isWhitespace())
-            problem(reader, QStringLiteral("Unexpected text: ") + reader.text().toString().trimmed());
+            problem(QStringLiteral("Unexpected text: ") + reader.text().toString().trimmed());
     }
     return false;
 }
@@ -213,14 +241,14 @@ void XcuiChecker::checkNoAttributes(QXmlStreamReader& reader)
     const QXmlStreamAttributes attributes = reader.attributes();
     for (const QXmlStreamAttribute& attribute : attributes) {
         if (!isSchemaInstance(attribute))
-            problem(reader, QStringLiteral("Unexpected attribute: ")
+            problem(QStringLiteral("Unexpected attribute: ")
                                 + attribute.qualifiedName().toString());
     }
 }
 
-void XcuiChecker::problem(const QXmlStreamReader& reader, const QString& message)
+void XcuiChecker::problem(const QString& message)
 {
-    problemAt(Position{reader.lineNumber(), reader.columnNumber()}, message);
+    problemAt(tokenStart, message);
 }
 
 void XcuiChecker::problemAt(const Position& where, const QString& message)

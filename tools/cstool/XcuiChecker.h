@@ -4,6 +4,7 @@
 #include "IconResolver.h"
 
 #include <QHash>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -17,7 +18,8 @@ namespace CsTool {
 // know; this check reports every element and attribute outside the format, actions without a
 // name or defined twice (across all files given to one checker), "Checked" values other than
 // "true"/"false", "widget" actions without "Widget" or "Mapper", and icons that resolve to no
-// file. Each problem reads "FILE:LINE:COLUMN: message".
+// file. Each problem reads "FILE:LINE:COLUMN: message", the position (from 1) of the start
+// of the element concerned, as compilers report it.
 class XcuiChecker
 {
 public:
@@ -32,6 +34,7 @@ private:
         qint64 column;
     };
 
+    void next(QXmlStreamReader& reader);
     void checkDocument(QXmlStreamReader& reader);
     void checkRootAttributes(QXmlStreamReader& reader);
     void checkActions(QXmlStreamReader& reader);
@@ -44,10 +47,14 @@ private:
     void checkValues(const QString& type, const QHash<QString, QString>& values,
                      const Position& where);
     void checkNoAttributes(QXmlStreamReader& reader);
-    void problem(const QXmlStreamReader& reader, const QString& message);
+    // At the start of the token last read.
+    void problem(const QString& message);
     void problemAt(const Position& where, const QString& message);
     QString location(const Position& where) const;
+    Position positionAt(qint64 offset) const;
 
+    Position tokenStart{1, 1};
+    QList<qint64> lineStarts;
     IconResolver icons;
     QString file;
     QStringList problems;
