@@ -1,6 +1,6 @@
 #include <CommandSystem/PlatformHooks.h>
-#include <CommandSystem/TemplateTools.h>
 #include <CommandSystem/Template.h>
+#include <CommandSystem/TemplateTools.h>
 
 #include "OutputCapture.h"
 #include "TemplateFiles.h"
