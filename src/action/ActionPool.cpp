@@ -3,6 +3,7 @@
 #include "action/ActionPoolImpl.h"
 #include "action/IconCache.h"
 #include "action/MetaConnection.h"
+#include "platform/OutputFile.h"
 
 #include <CommandSystem/Action.h>
 
@@ -78,10 +79,11 @@ bool ActionPool::load(const QString& path)
 
 bool ActionPool::save(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate))
+    // A failed write leaves the earlier file as it was.
+    OutputFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    QXmlStreamWriter writer(&file);
+    QXmlStreamWriter writer(file.device());
     writer.setAutoFormatting(true);
     writer.writeStartDocument(QStringLiteral("1.0"));
     writer.writeStartElement(QStringLiteral("Actions"));
@@ -91,9 +93,9 @@ bool ActionPool::save(const QString& path)
         ActionPoolImpl::writeAction(writer, *entry.second);
     writer.writeEndElement();
     writer.writeEndDocument();
-    file.close();
+    const bool written = !writer.hasError() && file.commit();
     // Inverted on purpose: true means the file was opened and writing it failed.
-    return writer.hasError();
+    return !written;
 }
 
 Action* ActionPool::insertAction(const QString& name)

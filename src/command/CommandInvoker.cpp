@@ -8,8 +8,24 @@
 #include <QEventLoop>
 #include <QFutureWatcher>
 #include <QMutexLocker>
+#include <QScopeGuard>
 #include <QThread>
 #include <QtConcurrent/QtConcurrentRun>
+
+#if defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define CS_THREAD_SANITIZER
+#endif
+#endif
+#if defined(__SANITIZE_THREAD__) && !defined(CS_THREAD_SANITIZER)
+#define CS_THREAD_SANITIZER
+#endif
+#ifdef CS_THREAD_SANITIZER
+#include <sanitizer/tsan_interface.h>
+#if __has_include(<QtCore/qtsan_impl.h>)
+#define CS_QMUTEX_ANNOUNCED
+#endif
+#endif
 
 CS_BEGIN_NAMESPACE
 
@@ -23,6 +39,43 @@ void registerRunnableType()
     Q_UNUSED(id);
 }
 
+// Qt is not built with ThreadSanitizer, so the sanitizer sees neither the order that Qt's thread
+// pool and posted-event queue give a runnable handed through them, nor QWaitCondition::wait
+// letting go of the mutex and taking it back. The helpers below tell it where the library relies
+// on that; in other builds they do nothing (or just wait).
+void publish(Runnable* runnable)
+{
+#ifdef CS_THREAD_SANITIZER
+    __tsan_release(runnable);
+#else
+    Q_UNUSED(runnable);
+#endif
+}
+
+void receive(Runnable* runnable)
+{
+#ifdef CS_THREAD_SANITIZER
+    __tsan_acquire(runnable);
+#else
+    Q_UNUSED(runnable);
+#endif
+}
+
+// Qt's inline QMutex code, compiled here, announces its own locking; the wait's release and
+// retake happen inside Qt.
+void waitForHandOver(Runnable* runnable)
+{
+#ifdef CS_QMUTEX_ANNOUNCED
+    QtTsan::mutexPreUnlock(&runnable->mutex, 0u);
+    QtTsan::mutexPostUnlock(&runnable->mutex, 0u);
+#endif
+    runnable->condition.wait(&runnable->mutex);
+#ifdef CS_QMUTEX_ANNOUNCED
+    QtTsan::mutexPreLock(&runnable->mutex, 0u);
+    QtTsan::mutexPostLock(&runnable->mutex, 0u, 0);
+#endif
+}
+
 } // namespace
 
 // On the invoker's thread: run, then hand the runnable over. A waiter on another thread set
@@ -30,6 +83,7 @@ void registerRunnableType()
 // the runnable. The flag is written under that mutex, so no wake-up can be lost.
 int CommandInvokerImpl::runHere(Runnable* runnable)
 {
+    receive(runnable);
     const int result = runnable->function();
     runnable->result = result;
     QMutexLocker locker(&runnable->mutex);
@@ -47,10 +101,11 @@ int CommandInvokerImpl::runOnOwnerThreadAndWait(Runnable* runnable)
 {
     QMutexLocker locker(&runnable->mutex);
     runnable->autoDelete = false;
+    publish(runnable);
     QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::QueuedConnection,
                               Q_ARG(Runnable*, runnable));
     while (!runnable->autoDelete)
-        runnable->condition.wait(&runnable->mutex);
+        waitForHandOver(runnable);
     const int result = runnable->result;
     locker.unlock();
     delete runnable;
@@ -137,7 +192,13 @@ int CommandInvoker::runOnMainThread(Runnable* runnable)
 
 int CommandInvoker::runOnWorkThread(Runnable* runnable)
 {
+    publish(runnable);
     QFuture<int> task = QtConcurrent::run([runnable] {
+        receive(runnable);
+        // The task's last touch of the runnable, thrown or not, is under the runnable's mutex;
+        // this thread takes the mutex before it deletes the runnable. The future's own state
+        // gives no such order when the task is found finished without waiting.
+        const auto handBack = qScopeGuard([runnable] { QMutexLocker locker(&runnable->mutex); });
         runnable->result = runnable->function();
         return runnable->result;
     });
@@ -156,6 +217,9 @@ int CommandInvoker::runOnWorkThread(Runnable* runnable)
         d->eventLoops->removeLast();
     delete loop;
 
+    // Meet the task's hand-back: from here on the runnable is this thread's (or the caller's).
+    runnable->mutex.lock();
+    runnable->mutex.unlock();
     if (runnable->autoDelete)
         delete runnable;
     return task.result();

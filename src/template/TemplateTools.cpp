@@ -1,5 +1,6 @@
 #include <CommandSystem/TemplateTools.h>
 
+#include "platform/OutputFile.h"
 #include "platform/Utility.h"
 #include "template/MapFileReader.h"
 #include "template/ReaderErrors.h"
@@ -9,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -39,10 +39,10 @@ void debugReadError(const QString& path, const QXmlStreamReader& reader)
            reader.errorString().toUtf8().constData());
 }
 
-void printWriteError(const QString& path, const QIODevice& device)
+void printWriteError(const QString& path, const OutputFile& file)
 {
     std::printf("Can not write to file %s: %s\n", fileNameOf(path).constData(),
-                errorOf(device).constData());
+                file.errorString().toUtf8().constData());
 }
 
 // Outer level of a template file: the root must be "templates".
@@ -203,15 +203,15 @@ bool TemplateTools::loadMap(const QString& mapFilePath, QHash<QString, QString>&
     return true;
 }
 
-// Written through a save file, so that a failed write leaves the previous map file in place.
+// A failed write leaves the previous map file in place.
 bool TemplateTools::saveMap(const QString& mapFilePath, const QHash<QString, QString>& map)
 {
-    QSaveFile file(mapFilePath);
+    OutputFile file(mapFilePath);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
         printWriteError(mapFilePath, file);
         return false;
     }
-    QXmlStreamWriter writer(&file);
+    QXmlStreamWriter writer(file.device());
     writer.setAutoFormatting(true);
     writeMap(writer, map);
     if (writer.hasError() || !file.commit()) {

@@ -1,4 +1,5 @@
 #include <CommandSystem/PlatformHooks.h>
+#include <CommandSystem/Template.h>
 #include <CommandSystem/TemplateTools.h>
 
 #include "OutputCapture.h"
