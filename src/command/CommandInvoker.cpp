@@ -25,9 +25,9 @@ void registerRunnableType()
 
 } // namespace
 
-// On the invoker's thread: run, then hand the runnable over. A waiter on another thread set
-// autoDelete to false and waits, under the runnable's mutex, until it turns true; it then owns
-// the runnable. The flag is written under that mutex, so no wake-up can be lost.
+// On the invoker's thread: run, then hand the runnable over. A caller on another thread set
+// autoDelete to false and owns the runnable once the flag turns true; a waiter on the condition
+// reads the flag under the mutex, so no wake-up can be lost.
 int CommandInvokerImpl::runHere(Runnable* runnable)
 {
     const int result = runnable->function();
@@ -43,17 +43,18 @@ int CommandInvokerImpl::runHere(Runnable* runnable)
     return result;
 }
 
+// The blocking queued call sleeps on a single semaphore that the invoker's thread releases
+// after the slot has run: one wake-up per round trip, where sleeping on the runnable's
+// condition and then re-taking its mutex (held by the waker) costs up to three.
 int CommandInvokerImpl::runOnOwnerThreadAndWait(Runnable* runnable)
 {
-    QMutexLocker locker(&runnable->mutex);
     runnable->autoDelete = false;
-    QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::QueuedConnection,
+    QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::BlockingQueuedConnection,
                               Q_ARG(Runnable*, runnable));
-    while (!runnable->autoDelete)
-        runnable->condition.wait(&runnable->mutex);
     const int result = runnable->result;
-    locker.unlock();
-    delete runnable;
+    // Still false only when the invoker went away before it could run the call.
+    if (runnable->autoDelete)
+        delete runnable;
     return result;
 }
 
