@@ -1,0 +1,103 @@
+#include "template/TemplateImpl.h"
+
+#include "template/ReaderErrors.h"
+
+#include <CommandSystem/Parameter.h>
+
+#include <QVariant>
+#include <QXmlStreamReader>
+
+CS_BEGIN_NAMESPACE
+
+// The object name is what the pool matches requests against and the translation context of
+// the parameters, so it always follows the stored bytes.
+void TemplateImpl::setName(const QByteArray& bytes)
+{
+    name.assign(bytes.constData(), size_t(bytes.size()));
+    owner->setObjectName(QString::fromUtf8(bytes));
+}
+
+void TemplateImpl::loadAttributes(QXmlStreamReader& reader)
+{
+    const QXmlStreamAttributes attributes = reader.attributes();
+    for (const QXmlStreamAttribute& attribute : attributes) {
+        if (attribute.name() == QLatin1String("name"))
+            setName(attribute.value().toUtf8());
+        else
+            ReaderErrors::unexpectedAttribute(reader, attribute.name());
+    }
+}
+
+void TemplateImpl::loadParameters(QXmlStreamReader& reader)
+{
+    while (!reader.hasError()) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::StartElement:
+            if (reader.name() == QLatin1String("parameter")) {
+                // Kept even when its load fails: the error ends the whole read anyway.
+                Parameter* parameter = new Parameter;
+                parameter->setParent(owner);
+                parameter->load(reader);
+                parameters.push_back(parameter);
+            } else {
+                ReaderErrors::unexpectedElement(reader);
+            }
+            break;
+        case QXmlStreamReader::EndElement:
+            return;
+        default:
+            break;
+        }
+    }
+}
+
+void TemplateImpl::loadProperty(QXmlStreamReader& reader)
+{
+    QByteArray propertyName;
+    const QXmlStreamAttributes attributes = reader.attributes();
+    for (const QXmlStreamAttribute& attribute : attributes) {
+        if (attribute.name() == QLatin1String("name"))
+            propertyName = attribute.value().toUtf8();
+        else
+            ReaderErrors::unexpectedAttribute(reader, attribute.name());
+    }
+    QByteArray value;
+    bool inProperty = true;
+    while (inProperty && !reader.hasError()) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::StartElement:
+            ReaderErrors::unexpectedElement(reader);
+            break;
+        case QXmlStreamReader::EndElement:
+            inProperty = false;
+            break;
+        case QXmlStreamReader::Characters:
+            if (!reader.isWhitespace())
+                value = reader.text().toUtf8();
+            break;
+        default:
+            break;
+        }
+    }
+    if (!reader.hasError() && !propertyName.isEmpty() && !value.isEmpty())
+        storeProperty(propertyName, value);
+}
+
+void TemplateImpl::storeProperty(const QByteArray& propertyName, const QByteArray& value)
+{
+    if (propertyName == "form_id" || propertyName == "icon_id"
+        || propertyName == "parent_echo" || propertyName == "scope") {
+        owner->setProperty(propertyName.constData(), value.toInt());
+    } else if (propertyName == "repeatable") {
+        // Folded into "last_tpl": anything but an explicit "false" keeps repeating allowed.
+        owner->setProperty("last_tpl", value != "false");
+    } else if (value == "true" || value == "on") {
+        owner->setProperty(propertyName.constData(), true);
+    } else if (value == "false" || value == "off") {
+        owner->setProperty(propertyName.constData(), false);
+    } else {
+        owner->setProperty(propertyName.constData(), value);
+    }
+}
+
+CS_END_NAMESPACE
