@@ -10,7 +10,7 @@
 
 CS_BEGIN_NAMESPACE
 
-class Action;
+class ActionImpl;
 
 // Collects the widgets made for an action of type "widget"; subclasses wire them to the host.
 class COMMANDSYSTEM_EXPORT WidgetMapper : public QObject
@@ -26,7 +26,7 @@ public:
     QList<QWidget*> widgets() const;
 
 private:
-    friend class Action;
+    friend class ActionImpl;
     QList<QPointer<QWidget>> mappedWidgets;
 };
 
