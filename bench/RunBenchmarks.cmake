@@ -1,4 +1,7 @@
-# Runs the benchmark programs and writes their results to RESULTS_DIR:
+# Runs the benchmark programs and writes their results to RESULTS_DIR. Repetitions of library
+# and anchor benchmarks are interleaved at random, so that a burst of load on a shared machine
+# does not fall on one side of a comparison only.
+# Files:
 #   <program>.json   the benchmark library's JSON output (medians of REPETITIONS runs)
 #   results.md       the comparison tables of every program, with the machine's state
 # Usage: cmake -DPROGRAMS=<path>|<path>... -DRESULTS_DIR=<dir> -DREPETITIONS=<n>
@@ -23,6 +26,7 @@ foreach(program IN LISTS programs)
             ${program}
             --benchmark_repetitions=${REPETITIONS}
             --benchmark_report_aggregates_only=true
+            --benchmark_enable_random_interleaving=true
             --benchmark_out=${RESULTS_DIR}/${name}.json
             --benchmark_out_format=json
             --cs_markdown=${markdown}
@@ -48,8 +52,10 @@ file(WRITE ${RESULTS_DIR}/results.md
 "# Benchmark results
 
 Run ${now} on ${processor} (${cores} cores), load average at the end: ${load}.
-Each figure is the median of ${REPETITIONS} repetitions; library and anchor were measured in the
-same run, and the ratio is library / anchor (for throughput: library speed / anchor speed).
+Each figure is the median of ${REPETITIONS} repetitions, interleaved at random; library and anchor
+were measured in the same run, and the ratio is library / anchor (for throughput: library speed /
+anchor speed). Times are CPU time of the benchmark thread, except for the thread bridges, which
+are real time because they wait for other threads.
 The JSON files beside this one hold every figure with its spread.
 
 ${sections}")

@@ -8,7 +8,8 @@ namespace CsBench {
 
 // What a figure is and how it is shown.
 enum class Unit {
-    Time,        // real time per iteration, divided by Metric::items
+    Time,        // time per iteration (CPU time of the benchmark thread, or real time for
+                 // benchmarks that use it), divided by Metric::items
     Throughput,  // the "bytes_per_second" counter of SetBytesProcessed
     Bytes,       // a counter holding a byte count
     CpuShare     // library: a counter in ns of CPU time; anchor: the real time of a benchmark
@@ -16,7 +17,7 @@ enum class Unit {
 
 enum class Goal { AtMost, AtLeast, Report };
 
-// One figure out of a benchmark: its real time (counter empty) or one of its counters.
+// One figure out of a benchmark: its time (counter empty) or one of its counters.
 struct Metric {
     Metric(std::string benchmark = std::string(), std::string counter = std::string(),
            double items = 1.0)

@@ -129,8 +129,11 @@ void ComparisonReporter::ReportRuns(const std::vector<Run>& runs)
         if (aggregate && run.aggregate_name != "median")
             continue;
         Sample sample;
-        sample.realNs = run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit)
-            * 1e9;
+        // CPU time of the benchmark thread, which other processes on a busy machine do not
+        // inflate; real time where the benchmark waits for other threads (UseRealTime).
+        const bool real = run.run_name.time_type == "real_time";
+        sample.timeNs = (real ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime())
+            / benchmark::GetTimeUnitMultiplier(run.time_unit) * 1e9;
         for (const auto& counter : run.counters)
             sample.counters[counter.first] = counter.second.value;
         const std::string& name = run.run_name.function_name;
@@ -156,7 +159,7 @@ bool ComparisonReporter::value(const Metric& metric, Unit unit, double& result) 
     std::vector<double> values;
     for (const Sample& sample : samples) {
         if (metric.counter.empty()) {
-            values.push_back(sample.realNs / metric.items);
+            values.push_back(sample.timeNs / metric.items);
             continue;
         }
         const auto counter = sample.counters.find(metric.counter);

@@ -27,7 +27,7 @@ public:
 
 private:
     struct Sample {
-        double realNs = 0.0;
+        double timeNs = 0.0;
         std::map<std::string, double> counters;
     };
 
