@@ -2,6 +2,7 @@
 // first read of a file, and the memory a loaded template takes.
 #include "generators/TemplateCorpus.h"
 #include "support/BenchSession.h"
+#include "support/DataDirectory.h"
 #include "support/Measure.h"
 
 #include <CommandSystem/Template.h>
@@ -12,7 +13,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include <benchmark/benchmark.h>
@@ -32,71 +32,56 @@ constexpr int uniformTemplates = 2000;
 constexpr int pooledTemplates = 1000;
 constexpr int unreadRotation = 64;
 
-// The corpus lives in one temporary directory per process; each piece is written on first use.
+// Generated once into the build tree and kept for later runs.
 class Corpus
 {
 public:
-    const QString& largeFile()
+    Corpus() : data(QStringLiteral("templates-v1"))
     {
-        if (large.isEmpty()) {
-            large = root.filePath(QStringLiteral("large.tcmd"));
-            generator.writeLargeFile(large, 5 * 1024 * 1024);
-            largeBytes = QFileInfo(large).size();
-        }
-        return large;
+        if (!data.isComplete())
+            generate();
+        QFile names(data.filePath(QStringLiteral("alone.txt")));
+        names.open(QIODevice::ReadOnly | QIODevice::Text);
+        alone = QString::fromUtf8(names.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        largeBytes = QFileInfo(largeFile()).size();
     }
 
-    qint64 largeSize()
-    {
-        largeFile();
-        return largeBytes;
-    }
-
-    const QString& uniformFile()
-    {
-        if (uniform.isEmpty()) {
-            uniform = root.filePath(QStringLiteral("uniform.tcmd"));
-            generator.writeUniformFile(uniform, uniformTemplates, 5);
-        }
-        return uniform;
-    }
-
-    const QString& directory()
-    {
-        if (many.isEmpty()) {
-            many = root.filePath(QStringLiteral("many"));
-            QDir(root.path()).mkdir(QStringLiteral("many"));
-            alone = generator.writeDirectory(many, directoryFiles);
-        }
-        return many;
-    }
-
+    QString largeFile() const { return data.filePath(QStringLiteral("large.tcmd")); }
+    qint64 largeSize() const { return largeBytes; }
+    QString uniformFile() const { return data.filePath(QStringLiteral("uniform.tcmd")); }
+    QString directory() const { return data.filePath(QStringLiteral("many")); }
     // Templates alone in a file named after them.
-    const QStringList& aloneNames()
-    {
-        directory();
-        return alone;
-    }
+    const QStringList& aloneNames() const { return alone; }
 
 private:
-    QTemporaryDir root;
-    TemplateCorpus generator{corpusStart};
-    QString large;
-    qint64 largeBytes = 0;
-    QString uniform;
-    QString many;
+    void generate()
+    {
+        TemplateCorpus generator(corpusStart);
+        generator.writeLargeFile(largeFile(), 5 * 1024 * 1024);
+        generator.writeUniformFile(uniformFile(), uniformTemplates, 5);
+        QDir().mkpath(directory());
+        const QStringList names = generator.writeDirectory(directory(), directoryFiles);
+        QFile list(data.filePath(QStringLiteral("alone.txt")));
+        list.open(QIODevice::WriteOnly | QIODevice::Text);
+        list.write(names.join(QLatin1Char('\n')).toUtf8());
+        list.close();
+        data.markComplete();
+    }
+
+    CsBench::DataDirectory data;
     QStringList alone;
+    qint64 largeBytes = 0;
 };
 
-Corpus& corpus()
+const Corpus& corpus()
 {
-    static Corpus instance;
+    static const Corpus instance;
     return instance;
 }
 
 void loadTemplateLarge(benchmark::State& state)
 {
-    Corpus& data = corpus();
+    const Corpus& data = corpus();
     TemplateTools tools;
     for (auto _ : state) {
         QList<Template*> templates;
@@ -111,7 +96,7 @@ void loadTemplateLarge(benchmark::State& state)
 
 void xmlWalkLarge(benchmark::State& state)
 {
-    Corpus& data = corpus();
+    const Corpus& data = corpus();
     for (auto _ : state) {
         QFile file(data.largeFile());
         file.open(QIODevice::ReadOnly | QIODevice::Text);
@@ -126,7 +111,7 @@ void xmlWalkLarge(benchmark::State& state)
 
 void buildMapDirectory(benchmark::State& state)
 {
-    Corpus& data = corpus();
+    const Corpus& data = corpus();
     for (auto _ : state) {
         TemplateTools tools;
         QHash<QString, QString> map;
@@ -157,7 +142,7 @@ void scanDirectory(benchmark::State& state)
 struct WarmPool {
     WarmPool()
     {
-        Corpus& data = corpus();
+        const Corpus& data = corpus();
         pool.appendDirectory(data.directory());
         pool.load();
         for (int index = 0; index < pooledTemplates; ++index) {
@@ -262,7 +247,7 @@ void loadTemplateAlone(benchmark::State& state)
 
 void templateMemory(benchmark::State& state)
 {
-    Corpus& data = corpus();
+    const Corpus& data = corpus();
     TemplateTools tools;
     double bytes = 0.0;
     for (auto _ : state) {
