@@ -1,0 +1,231 @@
+#include "MainWindow.h"
+
+#include "CommandLine.h"
+#include "CommandRunner.h"
+#include "DrawOperations.h"
+#include "Drawing.h"
+#include "DrawingView.h"
+#include "ModifyOperations.h"
+#include "RibbonBar.h"
+#include "SessionOperations.h"
+#include "SketchFactory.h"
+#include "ToolOperations.h"
+#include "ViewOperations.h"
+
+#include <CommandSystem/Action.h>
+#include <CommandSystem/ActionPool.h>
+#include <CommandSystem/Builder.h>
+#include <CommandSystem/Template.h>
+#include <CommandSystem/TemplatePool.h>
+#include <CommandSystem/WidgetMapper.h>
+
+#include <QDir>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QUndoStack>
+#include <QVBoxLayout>
+#include <QWidgetAction>
+
+#include <algorithm>
+
+namespace {
+
+// Forms are written "Tab/Panel"; panels become menus, tabs group them on the ribbon.
+const char* const kPanels[] = {"File", "Edit", "Draw", "Format", "Modify", "Annotate", "View",
+                               "Settings", "Tools", "Help"};
+
+QString tabOf(const QString& form)
+{
+    return form.section(QLatin1Char('/'), 0, 0);
+}
+
+QString panelOf(const QString& form)
+{
+    return form.section(QLatin1Char('/'), 1);
+}
+
+} // namespace
+
+MainWindow::MainWindow(const QString& catalogue, QWidget* parent)
+    : QMainWindow(parent)
+    , m_ribbon(new RibbonBar(this))
+    , m_coordinates(new QLabel(this))
+{
+    setWindowTitle(QStringLiteral("Sketchpad"));
+    m_context.window = this;
+    m_context.drawing = new Drawing(this);
+    m_context.view = new DrawingView(m_context.drawing, this);
+    m_context.commandLine = new CommandLine(this);
+    m_context.undoStack = new QUndoStack(this);
+    m_context.progress = new QProgressBar(this);
+    loadCatalogue(catalogue);
+
+    m_operations = std::make_unique<Operations>(m_context);
+    DrawOperations::registerAll(*m_operations);
+    ModifyOperations::registerAll(*m_operations);
+    ViewOperations::registerAll(*m_operations);
+    SessionOperations::registerAll(*m_operations);
+    ToolOperations::registerAll(*m_operations);
+    m_context.runner = new CommandRunner(m_context, *m_operations, this);
+
+    connect(m_context.actions, &Talvir::Vexa::Cs::ActionPool::commandIssued, m_context.runner, &CommandRunner::issue);
+    connect(m_context.view, &DrawingView::pointPicked, m_context.runner, &CommandRunner::onPointPicked);
+    connect(m_context.view, &DrawingView::cursorMoved, this, [this](const QPointF& point) {
+        m_coordinates->setText(Entity::formatPoint(point, 2));
+    });
+
+    auto* central = new QWidget(this);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_ribbon);
+    column->addWidget(m_context.view, 1);
+    setCentralWidget(central);
+
+    buildMenus();
+    buildRibbon();
+    buildCommandLine();
+    buildStatusBar();
+    m_context.runner->showPrompt();
+}
+
+MainWindow::~MainWindow()
+{
+    // The runner and its pending commands go before the pools they refer to.
+    delete m_context.runner;
+    m_context.runner = nullptr;
+}
+
+SketchContext& MainWindow::context()
+{
+    return m_context;
+}
+
+QAction* MainWindow::menuClone(const QString& name) const
+{
+    return m_menuClones.value(name);
+}
+
+QAction* MainWindow::ribbonClone(const QString& name) const
+{
+    return m_ribbonClones.value(name);
+}
+
+QWidget* MainWindow::fieldWidget(const QString& name) const
+{
+    Action* action = m_context.actions->action(name);
+    if (!action || !action->widgetMapper())
+        return nullptr;
+    return action->widgetMapper()->widgets().value(0);
+}
+
+void MainWindow::loadCatalogue(const QString& catalogue)
+{
+    const QDir root(catalogue);
+    auto* templates = new Talvir::Vexa::Cs::TemplatePool;
+    templates->setParent(this);
+    templates->appendDirectory(root.filePath(QStringLiteral("templates")));
+    templates->appendDirectory(root.filePath(QStringLiteral("templates/view")));
+    templates->load();
+    m_context.templates = templates;
+
+    Talvir::Vexa::Cs::Builder::appendFactory(new SketchFactory(m_context.drawing, m_context.view));
+    Action::setIconDirList({root.filePath(QStringLiteral("ui/icons"))});
+    m_context.actions = Talvir::Vexa::Cs::ActionPool::fromFolder(root.filePath(QStringLiteral("ui")));
+    m_context.actions->setParent(this);
+}
+
+// Actions in panel order, and inside a panel in the order of their command's "icon_id".
+QList<MainWindow::Action*> MainWindow::orderedActions() const
+{
+    QList<Action*> actions = m_context.actions->actions();
+    auto rank = [this](Action* action) {
+        int panel = 0;
+        while (panel < int(std::size(kPanels)) && panelOf(action->form()) != QLatin1String(kPanels[panel]))
+            ++panel;
+        const QString command = action->script().section(QLatin1Char(' '), 0, 0);
+        Talvir::Vexa::Cs::Template* commandTemplate = m_context.templates->getTemplate(command);
+        const int order = commandTemplate ? commandTemplate->inteProperty("icon_id") : 0;
+        return std::make_tuple(panel, action->type() == QLatin1String("widget"), order, action->name());
+    };
+    std::stable_sort(actions.begin(), actions.end(),
+                     [&rank](Action* a, Action* b) { return rank(a) < rank(b); });
+    return actions;
+}
+
+void MainWindow::buildMenus()
+{
+    QHash<QString, QMenu*> menus;
+    for (Action* action : orderedActions()) {
+        if (action->type() == QLatin1String("widget"))
+            continue;
+        const QString panel = panelOf(action->form());
+        QMenu*& menu = menus[panel];
+        if (!menu)
+            menu = menuBar()->addMenu(QLatin1Char('&') + panel);
+        QAction* clone = action->clone(menu, 0);
+        clone->setStatusTip(action->desc());
+        clone->setWhatsThis(action->help());
+        menu->addAction(clone);
+        m_menuClones.insert(action->name(), clone);
+    }
+}
+
+void MainWindow::buildRibbon()
+{
+    for (Action* action : orderedActions()) {
+        const QString tab = tabOf(action->form());
+        const QString panel = panelOf(action->form());
+        QAction* clone = action->clone(m_ribbon, 1);
+        if (!clone)
+            continue;
+        clone->setToolTip(QStringLiteral("<b>%1</b><br>%2").arg(action->ribbonText(), action->hint()));
+        clone->setStatusTip(action->desc());
+        clone->setWhatsThis(action->help());
+        if (qobject_cast<QWidgetAction*>(clone))
+            m_ribbon->addField(tab, panel, action->ribbonText(), clone);
+        else
+            m_ribbon->addButton(tab, panel, clone);
+        m_ribbonClones.insert(action->name(), clone);
+    }
+    m_ribbon->setCurrentIndex(1);
+}
+
+void MainWindow::buildStatusBar()
+{
+    m_coordinates->setMinimumWidth(150);
+    statusBar()->addWidget(m_coordinates);
+    m_context.progress->setMaximumWidth(220);
+    m_context.progress->hide();
+    statusBar()->addWidget(m_context.progress);
+    for (const char* name : {"ID_VIEW_GRID", "ID_VIEW_SNAP", "ID_VIEW_ORTHO"}) {
+        Action* action = m_context.actions->action(QString::fromLatin1(name));
+        if (!action)
+            continue;
+        auto* button = new QToolButton(this);
+        button->setDefaultAction(action->clone(button, QIcon(), action->ribbonText().toUpper(), 1));
+        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+        button->setAutoRaise(true);
+        statusBar()->addPermanentWidget(button);
+    }
+}
+
+void MainWindow::buildCommandLine()
+{
+    auto* dock = new QDockWidget(QStringLiteral("Command Line"), this);
+    dock->setObjectName(QStringLiteral("commandLine"));
+    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
+    dock->setWidget(m_context.commandLine);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    resizeDocks({dock}, {150}, Qt::Vertical);
+    connect(m_context.commandLine, &CommandLine::lineEntered, m_context.runner, &CommandRunner::onLineEntered);
+    connect(m_context.commandLine, &CommandLine::cancelRequested, m_context.runner, &CommandRunner::onCancelRequested);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, m_context.runner, &CommandRunner::onCancelRequested);
+    m_context.commandLine->setFocus();
+}

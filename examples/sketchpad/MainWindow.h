@@ -1,0 +1,51 @@
+#ifndef SKETCHPAD_MAINWINDOW_H
+#define SKETCHPAD_MAINWINDOW_H
+
+#include "Operations.h"
+#include "SketchContext.h"
+
+#include <QHash>
+#include <QMainWindow>
+
+#include <memory>
+
+namespace Talvir { namespace Vexa { namespace Cs { class Action; } } }
+class QLabel;
+class RibbonBar;
+
+// Sketchpad's window. Start-up joins the subsystems: the template pool over the catalogue's
+// template directories, the builder's factory, the icon directories and the action pool over
+// the UI files; then menus and ribbon are built from clones of the pool's actions.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // catalogue: the folder holding "templates" and "ui".
+    explicit MainWindow(const QString& catalogue, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    SketchContext& context();
+    QAction* menuClone(const QString& name) const;
+    QAction* ribbonClone(const QString& name) const;
+    QWidget* fieldWidget(const QString& name) const;
+
+private:
+    using Action = Talvir::Vexa::Cs::Action;
+
+    void loadCatalogue(const QString& catalogue);
+    QList<Action*> orderedActions() const;
+    void buildMenus();
+    void buildRibbon();
+    void buildStatusBar();
+    void buildCommandLine();
+
+    SketchContext m_context;
+    std::unique_ptr<Operations> m_operations;
+    RibbonBar* m_ribbon;
+    QLabel* m_coordinates;
+    QHash<QString, QAction*> m_menuClones;
+    QHash<QString, QAction*> m_ribbonClones;
+};
+
+#endif

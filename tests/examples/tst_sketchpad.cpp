@@ -1,0 +1,179 @@
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// Runs Sketchpad headless on scripted sessions and checks what it printed: the commands issued
+// and run, the escaper's decisions, the long command's progress, and the final drawing.
+class tst_Sketchpad : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void finalDrawing_data();
+    void finalDrawing();
+    void commandsRunInOrder();
+    void escaperDropsHoldsAndRunsAtOnce();
+    void arrayReportsProgressOnMainThread();
+    void screenshotIsSaved();
+
+private:
+    static QStringList run(const QString& script, const QString& screenshot = QString());
+    static QStringList linesStartingWith(const QStringList& output, const QString& prefix);
+    static QStringList lastDump(const QStringList& output);
+    static int indexOf(const QStringList& output, const QString& line, int from = 0);
+
+    QStringList m_session;
+    QTemporaryDir m_dir;
+};
+
+QStringList tst_Sketchpad::run(const QString& script, const QString& screenshot)
+{
+    QProcess process;
+    QStringList arguments{QStringLiteral("--script"), script};
+    if (!screenshot.isEmpty())
+        arguments << QStringLiteral("--screenshot") << screenshot;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(SKETCHPAD_EXECUTABLE), arguments);
+    if (!process.waitForFinished(90000)) {
+        process.kill();
+        return {};
+    }
+    const QStringList output = QString::fromLocal8Bit(process.readAllStandardOutput()).split(QLatin1Char('\n'));
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        return QStringList{QStringLiteral("sketchpad failed")} + output;
+    return output;
+}
+
+QStringList tst_Sketchpad::linesStartingWith(const QStringList& output, const QString& prefix)
+{
+    QStringList result;
+    for (const QString& line : output) {
+        if (line.startsWith(prefix))
+            result.append(line.mid(prefix.size()));
+    }
+    return result;
+}
+
+QStringList tst_Sketchpad::lastDump(const QStringList& output)
+{
+    int start = -1;
+    for (int i = 0; i < output.size(); ++i) {
+        if (output[i].startsWith(QLatin1String("dump ")))
+            start = i;
+    }
+    QStringList entities;
+    for (int i = start + 1; start >= 0 && i < output.size() && output[i].startsWith(QLatin1String("entity ")); ++i)
+        entities.append(output[i]);
+    return entities;
+}
+
+int tst_Sketchpad::indexOf(const QStringList& output, const QString& line, int from)
+{
+    for (int i = from; i < output.size(); ++i) {
+        if (output[i].startsWith(line))
+            return i;
+    }
+    return -1;
+}
+
+void tst_Sketchpad::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+    m_session = run(QStringLiteral(CS_TEST_DATA_DIR "/session.script"), m_dir.filePath(QStringLiteral("session.png")));
+    QVERIFY2(!m_session.isEmpty(), "sketchpad did not finish");
+    QCOMPARE(m_session.first() == QLatin1String("sketchpad failed"), false);
+    QVERIFY(m_session.contains(QStringLiteral("script end, 0 failed steps")));
+}
+
+void tst_Sketchpad::finalDrawing_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("session") << QStringLiteral(CS_TEST_DATA_DIR "/session.script")
+                             << QStringLiteral(CS_TEST_DATA_DIR "/session.dump");
+    QTest::newRow("demo") << QStringLiteral(SKETCHPAD_DEMO_SCRIPT) << QStringLiteral(CS_TEST_DATA_DIR "/demo.dump");
+}
+
+void tst_Sketchpad::finalDrawing()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, expected);
+    const QStringList output = script.endsWith(QLatin1String("session.script")) ? m_session : run(script);
+    QVERIFY(output.contains(QStringLiteral("script end, 0 failed steps")));
+    QFile file(expected);
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QStringList wanted = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lastDump(output), wanted);
+}
+
+void tst_Sketchpad::commandsRunInOrder()
+{
+    const QStringList issued{QStringLiteral("line"), QStringLiteral("line"), QStringLiteral("circle"),
+                             QStringLiteral("zoom i"), QStringLiteral("rotate"), QStringLiteral("erase"),
+                             QStringLiteral("arc"), QStringLiteral("array"), QStringLiteral("undo")};
+    QCOMPARE(linesStartingWith(m_session, QStringLiteral("issued ")), issued);
+    const QStringList ran{QStringLiteral("line"), QStringLiteral("zoom"), QStringLiteral("circle"),
+                          QStringLiteral("rotate"), QStringLiteral("move"), QStringLiteral("erase"),
+                          QStringLiteral("polyline"), QStringLiteral("arc"), QStringLiteral("rectangle"),
+                          QStringLiteral("layer"), QStringLiteral("line"), QStringLiteral("circle"),
+                          QStringLiteral("array"), QStringLiteral("dump"), QStringLiteral("undo"),
+                          QStringLiteral("dump")};
+    QCOMPARE(linesStartingWith(m_session, QStringLiteral("run ")), ran);
+}
+
+void tst_Sketchpad::escaperDropsHoldsAndRunsAtOnce()
+{
+    const int lineRuns = indexOf(m_session, QStringLiteral("run line"));
+    const int lineEnds = indexOf(m_session, QStringLiteral("end line done"));
+    const int dropped = indexOf(m_session, QStringLiteral("escaper drop line"));
+    const int held = indexOf(m_session, QStringLiteral("escaper hold circle"));
+    const int zoom = indexOf(m_session, QStringLiteral("escaper at-once zoom"));
+    const int zoomRuns = indexOf(m_session, QStringLiteral("run zoom"));
+    const int released = indexOf(m_session, QStringLiteral("escaper run-held circle"));
+    const int circleRuns = indexOf(m_session, QStringLiteral("run circle"));
+    QVERIFY(lineRuns >= 0 && lineEnds > lineRuns);
+    // The second click of Line arrives while the first collects input: dropped, never run.
+    QVERIFY(dropped > lineRuns && dropped < lineEnds);
+    QCOMPARE(linesStartingWith(m_session.mid(0, lineEnds), QStringLiteral("run line")).size(), 1);
+    // Circle waits for the line and runs right after it.
+    QVERIFY(held > lineRuns && held < lineEnds);
+    QVERIFY(released > lineEnds);
+    QCOMPARE(circleRuns, released + 1);
+    // Zoom runs inside the line's input.
+    QVERIFY(zoom > held && zoom < lineEnds);
+    QVERIFY(zoomRuns > zoom && zoomRuns < lineEnds);
+}
+
+void tst_Sketchpad::arrayReportsProgressOnMainThread()
+{
+    QVERIFY(m_session.contains(QStringLiteral("array start 2999 copies")));
+    const QStringList progress = linesStartingWith(m_session, QStringLiteral("array progress "));
+    QCOMPARE(progress, (QStringList{QStringLiteral("25% on the main thread: yes"),
+                                    QStringLiteral("50% on the main thread: yes"),
+                                    QStringLiteral("75% on the main thread: yes"),
+                                    QStringLiteral("100% on the main thread: yes")}));
+    const QStringList done = linesStartingWith(m_session, QStringLiteral("array done "));
+    QCOMPARE(done.size(), 1);
+    QVERIFY2(QRegularExpression(QStringLiteral("^2999 copies, (\\d+) of \\1 batches on the main thread, "
+                                               "work on a pool thread: yes$"))
+                 .match(done.first()).hasMatch(), qPrintable(done.first()));
+    // The array's copies were in the drawing before undo removed them in one step.
+    QVERIFY(m_session.contains(QStringLiteral("dump 3006 entities")));
+    QVERIFY(m_session.contains(QStringLiteral("dump 7 entities")));
+}
+
+void tst_Sketchpad::screenshotIsSaved()
+{
+    const QString path = m_dir.filePath(QStringLiteral("session.png"));
+    QVERIFY(m_session.contains(QStringLiteral("screenshot ") + path));
+    const QImage image(path);
+    QVERIFY(!image.isNull());
+    QVERIFY(image.width() >= 800 && image.height() >= 600);
+}
+
+QTEST_GUILESS_MAIN(tst_Sketchpad)
+#include "tst_sketchpad.moc"
