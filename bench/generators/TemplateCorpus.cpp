@@ -50,7 +50,7 @@ TemplateCorpus::TemplateCorpus(std::uint64_t start) : start(start) {}
 QByteArray TemplateCorpus::nextName()
 {
     Sequence sequence(start + produced);
-    return QByteArray(sequence.pick(commandWords)) + '_' + QByteArray::number(++produced);
+    return QByteArray(sequence.pick(commandWords)) + '_' + QByteArray::number(qulonglong(++produced));
 }
 
 QByteArray TemplateCorpus::parameterElement(int luid, bool last)
