@@ -173,6 +173,25 @@ void setEnabledDirect(benchmark::State& state, int count)
     }
 }
 
+// Not an anchor of the targets but their diagnosis: QActions that carry the same ten
+// connections as a clone, so that Qt's own cost of a connected QAction is seen apart.
+void setEnabledDirectConnected(benchmark::State& state, int count)
+{
+    AnchorSource source;
+    QObject holder;
+    std::vector<QAction*> actions;
+    for (int index = 0; index < count; ++index) {
+        actions.push_back(new QAction(QStringLiteral("Fillet"), &holder));
+        connectLikeAClone(&source, actions.back());
+    }
+    bool enabled = true;
+    for (auto _ : state) {
+        enabled = !enabled;
+        for (QAction* action : actions)
+            action->setEnabled(enabled);
+    }
+}
+
 void poolLoad(benchmark::State& state)
 {
     const Corpus& data = corpus();
@@ -349,6 +368,11 @@ void registerBenchmarks()
         RegisterBenchmark(("anchor/QAction_setEnabled_x" + count).c_str(),
                           [clones](benchmark::State& state) { setEnabledDirect(state, clones); })
             ->Unit(benchmark::kMicrosecond);
+        RegisterBenchmark(("diagnosis/connected_QAction_setEnabled_x" + count).c_str(),
+                          [clones](benchmark::State& state) {
+                              setEnabledDirectConnected(state, clones);
+                          })
+            ->Unit(benchmark::kMicrosecond);
     }
     RegisterBenchmark("ActionPool_load_5000", poolLoad)->Unit(benchmark::kMillisecond);
     RegisterBenchmark("anchor/xml_walk_500_png_5000_QAction", unavoidableLoadWork)
@@ -369,6 +393,14 @@ std::vector<CsBench::Comparison> comparisons()
          {"anchor/QAction_setEnabled_x1000"}, Unit::Time, Goal::AtMost, 2.0},
         {"Action::setEnabled reaching 10,000 clones", {"setEnabled_10000_clones"},
          {"anchor/QAction_setEnabled_x10000"}, Unit::Time, Goal::AtMost, 2.0},
+        {"(diagnosis) setEnabled reaching 1,000 clones, against 1,000 QActions with a clone's "
+         "10 connections",
+         {"setEnabled_1000_clones"}, {"diagnosis/connected_QAction_setEnabled_x1000"},
+         Unit::Time, Goal::Report, 0},
+        {"(diagnosis) setEnabled reaching 10,000 clones, against 10,000 QActions with a clone's "
+         "10 connections",
+         {"setEnabled_10000_clones"}, {"diagnosis/connected_QAction_setEnabled_x10000"},
+         Unit::Time, Goal::Report, 0},
         {"setEnabled cost per clone, 10,000 clones against 1,000 clones",
          {"setEnabled_10000_clones", "", 10000}, {"setEnabled_1000_clones", "", 1000},
          Unit::Time, Goal::AtMost, 1.25},
