@@ -360,7 +360,7 @@ void registerBenchmarks()
     RegisterBenchmark("clone_ribbon_10000", cloneRibbon)->Unit(benchmark::kMillisecond);
     RegisterBenchmark("anchor/new_QAction_10_connections_10000", newQActionConnected)
         ->Unit(benchmark::kMillisecond);
-    for (int clones : {1000, 10000}) {
+    for (int clones : {1000, 10000, 30000}) {
         const std::string count = std::to_string(clones);
         RegisterBenchmark(("setEnabled_" + count + "_clones").c_str(),
                           [clones](benchmark::State& state) { setEnabledClones(state, clones); })
@@ -403,6 +403,9 @@ std::vector<CsBench::Comparison> comparisons()
          Unit::Time, Goal::Report, 0},
         {"setEnabled cost per clone, 10,000 clones against 1,000 clones",
          {"setEnabled_10000_clones", "", 10000}, {"setEnabled_1000_clones", "", 1000},
+         Unit::Time, Goal::AtMost, 1.25},
+        {"setEnabled cost per clone, 30,000 clones against 10,000 clones",
+         {"setEnabled_30000_clones", "", 30000}, {"setEnabled_10000_clones", "", 10000},
          Unit::Time, Goal::AtMost, 1.25},
         {"ActionPool::load, 5,000 actions, 500 distinct 32 px icons, 96 DPI",
          {"ActionPool_load_5000"}, {"anchor/xml_walk_500_png_5000_QAction"}, Unit::Time,
