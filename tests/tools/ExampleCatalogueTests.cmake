@@ -1,0 +1,52 @@
+# Tests over the example catalogue in examples/: the schemas accept every file, cstool validate
+# passes on all templates and UI files, cstool map --check on every mapped directory, and
+# cstool ui resolves every icon.
+
+file(GLOB_RECURSE cs_example_templates CONFIGURE_DEPENDS ${CS_EXAMPLES}/templates/*.tcmd)
+file(GLOB_RECURSE cs_example_ui CONFIGURE_DEPENDS ${CS_EXAMPLES}/ui/*.xcui)
+file(GLOB_RECURSE cs_example_maps CONFIGURE_DEPENDS ${CS_EXAMPLES}/templates/*.map)
+file(GLOB_RECURSE cs_example_icons CONFIGURE_DEPENDS ${CS_EXAMPLES}/*.png)
+
+# cs_directories_of(<out> <files...>): the distinct directories that hold the files.
+function(cs_directories_of out)
+    set(directories "")
+    foreach(file IN LISTS ARGN)
+        get_filename_component(directory ${file} DIRECTORY)
+        list(APPEND directories ${directory})
+    endforeach()
+    list(REMOVE_DUPLICATES directories)
+    set(${out} ${directories} PARENT_SCOPE)
+endfunction()
+
+cs_directories_of(cs_template_dirs ${cs_example_templates})
+cs_directories_of(cs_icon_dirs ${cs_example_icons})
+cs_directories_of(cs_ui_dirs ${cs_example_ui})
+set(cs_icon_options "")
+foreach(directory IN LISTS cs_icon_dirs)
+    list(APPEND cs_icon_options --icons ${directory})
+endforeach()
+
+if(CS_XMLLINT)
+    foreach(file IN LISTS cs_example_templates cs_example_ui cs_example_maps)
+        get_filename_component(ext ${file} LAST_EXT)
+        string(SUBSTRING ${ext} 1 -1 ext)
+        file(RELATIVE_PATH name ${CS_EXAMPLES} ${file})
+        add_test(NAME example_schema_${name}
+            COMMAND ${CMAKE_COMMAND} -DXMLLINT=${CS_XMLLINT} -DSCHEMA=${CS_SCHEMA_DIR}/${ext}.xsd
+                    -DFILE=${file} -DEXPECTED=0 -P ${CMAKE_CURRENT_SOURCE_DIR}/RunXmllint.cmake)
+    endforeach()
+endif()
+
+add_test(NAME example_validate
+    COMMAND cstool validate ${cs_icon_options} ${cs_template_dirs} ${cs_ui_dirs})
+
+foreach(map IN LISTS cs_example_maps)
+    get_filename_component(directory ${map} DIRECTORY)
+    file(RELATIVE_PATH name ${CS_EXAMPLES} ${directory})
+    add_test(NAME example_map_check_${name} COMMAND cstool map --check ${directory})
+endforeach()
+
+add_test(NAME example_ui COMMAND cstool ui ${cs_icon_options} ${cs_ui_dirs})
+set_tests_properties(example_ui PROPERTIES FAIL_REGULAR_EXPRESSION "missing \\(")
+set_tests_properties(example_validate example_ui PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
