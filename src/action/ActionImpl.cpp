@@ -61,7 +61,7 @@ const CloneConnections& cloneConnections()
 
 bool isExistingFile(const QString& path)
 {
-    return QFileInfo(path).isFile();
+    return IconCache::isFile(path);
 }
 
 // Icons are drawn for 96 DPI; only a clearly larger desktop (150 % and up) scales them.

@@ -1,5 +1,7 @@
 #include "action/IconCache.h"
 
+#include <QFileInfo>
+
 CS_BEGIN_NAMESPACE
 
 namespace {
@@ -43,6 +45,17 @@ QPixmap IconCache::scaledPixmap(const QString& path, const QSizeF& factors)
     auto known = cache->pixmaps.constFind(path);
     if (known == cache->pixmaps.constEnd())
         known = cache->pixmaps.insert(path, readScaled(path, factors));
+    return *known;
+}
+
+bool IconCache::isFile(const QString& path)
+{
+    IconCache* cache = active();
+    if (!cache)
+        return QFileInfo(path).isFile();
+    auto known = cache->files.constFind(path);
+    if (known == cache->files.constEnd())
+        known = cache->files.insert(path, QFileInfo(path).isFile());
     return *known;
 }
 

@@ -1,6 +1,7 @@
 #include <CommandSystem/CommandInvoker.h>
 
 #include "command/CommandInvokerImpl.h"
+#include "command/ThreadSanitizer.h"
 
 #include <CommandSystem/CommandPipe.h>
 #include <CommandSystem/EscaperPipe.h>
@@ -11,21 +12,6 @@
 #include <QScopeGuard>
 #include <QThread>
 #include <QtConcurrent/QtConcurrentRun>
-
-#if defined(__has_feature)
-#if __has_feature(thread_sanitizer)
-#define CS_THREAD_SANITIZER
-#endif
-#endif
-#if defined(__SANITIZE_THREAD__) && !defined(CS_THREAD_SANITIZER)
-#define CS_THREAD_SANITIZER
-#endif
-#ifdef CS_THREAD_SANITIZER
-#include <sanitizer/tsan_interface.h>
-#if __has_include(<QtCore/qtsan_impl.h>)
-#define CS_QMUTEX_ANNOUNCED
-#endif
-#endif
 
 CS_BEGIN_NAMESPACE
 
@@ -39,57 +25,20 @@ void registerRunnableType()
     Q_UNUSED(id);
 }
 
-// Qt is not built with ThreadSanitizer, so the sanitizer sees neither the order that Qt's thread
-// pool and posted-event queue give a runnable handed through them, nor QWaitCondition::wait
-// letting go of the mutex and taking it back. The helpers below tell it where the library relies
-// on that; in other builds they do nothing (or just wait).
-void publish(Runnable* runnable)
-{
-#ifdef CS_THREAD_SANITIZER
-    __tsan_release(runnable);
-#else
-    Q_UNUSED(runnable);
-#endif
-}
-
-void receive(Runnable* runnable)
-{
-#ifdef CS_THREAD_SANITIZER
-    __tsan_acquire(runnable);
-#else
-    Q_UNUSED(runnable);
-#endif
-}
-
-// Qt's inline QMutex code, compiled here, announces its own locking; the wait's release and
-// retake happen inside Qt.
-void waitForHandOver(Runnable* runnable)
-{
-#ifdef CS_QMUTEX_ANNOUNCED
-    QtTsan::mutexPreUnlock(&runnable->mutex, 0u);
-    QtTsan::mutexPostUnlock(&runnable->mutex, 0u);
-#endif
-    runnable->condition.wait(&runnable->mutex);
-#ifdef CS_QMUTEX_ANNOUNCED
-    QtTsan::mutexPreLock(&runnable->mutex, 0u);
-    QtTsan::mutexPostLock(&runnable->mutex, 0u, 0);
-#endif
-}
-
 } // namespace
 
-// On the invoker's thread: run, then hand the runnable over. A waiter on another thread set
-// autoDelete to false and waits, under the runnable's mutex, until it turns true; it then owns
-// the runnable. The flag is written under that mutex, so no wake-up can be lost.
+// On the invoker's thread: run, then hand the runnable over. A caller on another thread set
+// autoDelete to false and owns the runnable once the flag has turned true.
 int CommandInvokerImpl::runHere(Runnable* runnable)
 {
-    receive(runnable);
+    ThreadSanitizer::receive(runnable);
     const int result = runnable->function();
     runnable->result = result;
     QMutexLocker locker(&runnable->mutex);
     if (!runnable->autoDelete) {
         runnable->autoDelete = true;
         runnable->condition.wakeOne();
+        ThreadSanitizer::publish(runnable);
         return result;
     }
     locker.unlock();
@@ -97,18 +46,21 @@ int CommandInvokerImpl::runHere(Runnable* runnable)
     return result;
 }
 
+// The blocking queued call sleeps on a single semaphore that the invoker's thread releases
+// after the slot has run: one wake-up per round trip, where sleeping on the runnable's
+// condition and then re-taking its mutex (held by the waker) costs up to three. No wake-up can
+// be lost, and the hand-over is ordered by that semaphore.
 int CommandInvokerImpl::runOnOwnerThreadAndWait(Runnable* runnable)
 {
-    QMutexLocker locker(&runnable->mutex);
     runnable->autoDelete = false;
-    publish(runnable);
-    QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::QueuedConnection,
+    ThreadSanitizer::publish(runnable);
+    QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::BlockingQueuedConnection,
                               Q_ARG(Runnable*, runnable));
-    while (!runnable->autoDelete)
-        waitForHandOver(runnable);
+    ThreadSanitizer::receive(runnable);
     const int result = runnable->result;
-    locker.unlock();
-    delete runnable;
+    // Still false only when the invoker went away before it could run the call.
+    if (runnable->autoDelete)
+        delete runnable;
     return result;
 }
 
@@ -192,9 +144,9 @@ int CommandInvoker::runOnMainThread(Runnable* runnable)
 
 int CommandInvoker::runOnWorkThread(Runnable* runnable)
 {
-    publish(runnable);
+    ThreadSanitizer::publish(runnable);
     QFuture<int> task = QtConcurrent::run([runnable] {
-        receive(runnable);
+        ThreadSanitizer::receive(runnable);
         // The task's last touch of the runnable, thrown or not, is under the runnable's mutex;
         // this thread takes the mutex before it deletes the runnable. The future's own state
         // gives no such order when the task is found finished without waiting.

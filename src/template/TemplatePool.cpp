@@ -16,7 +16,7 @@ TemplatePool::TemplatePool()
 
 TemplatePool::~TemplatePool()
 {
-    d->lastTemplate = nullptr;
+    d->setLastTemplate(nullptr);
     delete d;
 }
 
@@ -93,7 +93,7 @@ bool TemplatePool::load(const QString& filePath, QList<Template*>& templates)
 
 Template* TemplatePool::getTemplate(const QString& name)
 {
-    if (d->lastTemplate && d->lastTemplate->objectName() == name)
+    if (d->isLastTemplate(name))
         return d->lastTemplate;
     if (Template* held = d->templates.value(name))
         return held;
@@ -111,7 +111,7 @@ bool TemplatePool::insertTemplate(Template* temp)
         return true;
     if (slot) {
         if (slot == d->lastTemplate)
-            d->lastTemplate = temp;
+            d->setLastTemplate(temp);
         delete slot;
     }
     temp->setParent(this);
@@ -128,7 +128,7 @@ bool TemplatePool::removeTemplate(Template* temp)
     if (found == d->templates.end())
         return false;
     if (temp == d->lastTemplate)
-        d->lastTemplate = nullptr;
+        d->setLastTemplate(nullptr);
     d->templates.erase(found);
     return true;
 }

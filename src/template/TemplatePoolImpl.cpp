@@ -13,6 +13,18 @@ QString TemplatePoolImpl::keyOf(const Template* temp)
     return QString::fromUtf8(temp->name());
 }
 
+void TemplatePoolImpl::setLastTemplate(Template* temp)
+{
+    if (temp == lastTemplate)
+        return;
+    QObject::disconnect(lastNameTracking);
+    lastTemplate = temp;
+    lastName = temp ? temp->objectName() : QString();
+    if (temp)
+        lastNameTracking = QObject::connect(temp, &QObject::objectNameChanged, owner,
+                                            [this](const QString& name) { lastName = name; });
+}
+
 // A mapped name wins; otherwise the template is looked for in the file named after it, in the
 // directories in the order they were added.
 QString TemplatePoolImpl::findFile(const QString& name) const
@@ -42,7 +54,7 @@ Template* TemplatePoolImpl::readFile(const QString& filePath, const QString& nam
         owner->insertTemplate(temp);
     for (Template* temp : std::as_const(read)) {
         if (temp->objectName() == name) {
-            lastTemplate = temp;
+            setLastTemplate(temp);
             return temp;
         }
     }
