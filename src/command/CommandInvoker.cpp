@@ -13,6 +13,8 @@
 #include <QThread>
 #include <QtConcurrent/QtConcurrentRun>
 
+#include <exception>
+
 CS_BEGIN_NAMESPACE
 
 namespace {
@@ -49,9 +51,22 @@ int CommandInvokerImpl::runHere(Runnable* runnable)
 // The blocking queued call sleeps on a single semaphore that the invoker's thread releases
 // after the slot has run: one wake-up per round trip, where sleeping on the runnable's
 // condition and then re-taking its mutex (held by the waker) costs up to three. No wake-up can
-// be lost, and the hand-over is ordered by that semaphore.
+// be lost, and the hand-over is ordered by that semaphore. An exception thrown by the function
+// must not unwind through the invoker thread's event loop: it is caught there and raised again
+// here, in the thread that handed the work over.
 int CommandInvokerImpl::runOnOwnerThreadAndWait(Runnable* runnable)
 {
+    std::exception_ptr failure;
+    boost::function<int()> function;
+    function.swap(runnable->function);
+    runnable->function = [&function, &failure]() -> int {
+        try {
+            return function();
+        } catch (...) {
+            failure = std::current_exception();
+            return 0;
+        }
+    };
     runnable->autoDelete = false;
     ThreadSanitizer::publish(runnable);
     QMetaObject::invokeMethod(owner, "runOnMainThread", Qt::BlockingQueuedConnection,
@@ -61,6 +76,10 @@ int CommandInvokerImpl::runOnOwnerThreadAndWait(Runnable* runnable)
     // Still false only when the invoker went away before it could run the call.
     if (runnable->autoDelete)
         delete runnable;
+    else
+        runnable->function.swap(function);
+    if (failure)
+        std::rethrow_exception(failure);
     return result;
 }
 

@@ -57,6 +57,7 @@ private slots:
     void eventLoopsAreAStackOfTurningLoops();
     void nestedRoundTrips();
     void emptyFunctionRaisesInTheCaller();
+    void pieceThrowingOnMainThreadRaisesInTheWorkThread();
     void qExceptionIsRaisedAsItself();
     void runnableBoundaryOnMainThread();
 };
@@ -359,6 +360,47 @@ void tst_CommandInvoker::emptyFunctionRaisesInTheCaller()
     } catch (const boost::bad_function_call& error) {
         QCOMPARE(QByteArray(error.what()), QByteArray("call to empty boost::function"));
     }
+}
+
+void tst_CommandInvoker::pieceThrowingOnMainThreadRaisesInTheWorkThread()
+{
+    CommandInvoker invoker;
+    QThread* mainThread = QThread::currentThread();
+    auto token = std::make_shared<int>(0);
+    QByteArray caughtText;
+    bool caughtOnWorkThread = false;
+    bool thrownOnMainThread = false;
+    auto* work = new Runnable;
+    work->autoDelete = true;
+    work->function = [&] {
+        auto* piece = new Runnable;
+        piece->function = [&, token]() -> int {
+            thrownOnMainThread = QThread::currentThread() == mainThread;
+            throw std::runtime_error("no room on the sheet");
+        };
+        try {
+            invoker.runOnMainThread(piece);
+        } catch (const std::runtime_error& error) {
+            caughtText = error.what();
+            caughtOnWorkThread = QThread::currentThread() != mainThread;
+        }
+        return 5;
+    };
+    QCOMPARE(invoker.runOnWorkThread(work), 5);
+    QVERIFY(thrownOnMainThread);
+    QVERIFY(caughtOnWorkThread);
+    QCOMPARE(caughtText, QByteArray("no room on the sheet"));
+    QCOMPARE(token.use_count(), 1L);   // the piece was deleted all the same
+
+    // Not caught by the work either: it ends the task and reaches the caller of runOnWorkThread.
+    auto* careless = new Runnable;
+    careless->autoDelete = true;
+    careless->function = [&invoker] {
+        auto* piece = new Runnable;
+        piece->function = []() -> int { throw std::runtime_error("lost"); };
+        return invoker.runOnMainThread(piece);
+    };
+    QVERIFY_THROWS_EXCEPTION(QUnhandledException, invoker.runOnWorkThread(careless));
 }
 
 void tst_CommandInvoker::qExceptionIsRaisedAsItself()
