@@ -1,5 +1,6 @@
 #include "template/ParameterImpl.h"
 
+#include "template/PropertyElement.h"
 #include "template/ReaderErrors.h"
 
 #include <QCoreApplication>
@@ -35,59 +36,27 @@ void ParameterImpl::loadAttributes(QXmlStreamReader& reader)
 
 void ParameterImpl::loadProperty(QXmlStreamReader& reader)
 {
-    QByteArray name;
-    const QXmlStreamAttributes attributes = reader.attributes();
-    for (const QXmlStreamAttribute& attribute : attributes) {
-        if (attribute.name() == QLatin1String("name"))
-            name = attribute.value().toUtf8();
-        else
-            ReaderErrors::unexpectedAttribute(reader, attribute.name());
-    }
+    const QByteArray name = PropertyElement::name(reader);
     QByteArray value;
-    bool inProperty = true;
-    while (inProperty && !reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            if (reader.name() == QLatin1String("string") && name == "dim") {
-                const QByteArray item = readString(reader);
-                value = value.isEmpty() ? item : value + '@' + item;
-            } else {
-                ReaderErrors::unexpectedElement(reader);
-            }
-            break;
-        case QXmlStreamReader::EndElement:
-            inProperty = false;
-            break;
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace())
-                value = reader.text().toUtf8();
-            break;
-        default:
-            break;
+    const bool complete = PropertyElement::readText(reader, value, [&](QByteArray& text) {
+        if (reader.name() != QLatin1String("string") || name != "dim") {
+            ReaderErrors::unexpectedElement(reader);
+            return false;
         }
-    }
-    if (!reader.hasError() && !name.isEmpty() && !value.isEmpty())
+        PropertyElement::appendItem(text, readString(reader));
+        return true;
+    });
+    if (complete && !name.isEmpty() && !value.isEmpty())
         storeProperty(name, value);
 }
 
 QByteArray ParameterImpl::readString(QXmlStreamReader& reader)
 {
     QByteArray text;
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            ReaderErrors::unexpectedElement(reader);
-            break;
-        case QXmlStreamReader::EndElement:
-            return text;
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace())
-                text = reader.text().toUtf8();
-            break;
-        default:
-            break;
-        }
-    }
+    PropertyElement::readText(reader, text, [&reader](QByteArray&) {
+        ReaderErrors::unexpectedElement(reader);
+        return false;
+    });
     return text;
 }
 

@@ -1,5 +1,6 @@
 #include "template/TemplateImpl.h"
 
+#include "template/PropertyElement.h"
 #include "template/ReaderErrors.h"
 
 #include <CommandSystem/Parameter.h>
@@ -51,35 +52,16 @@ void TemplateImpl::loadParameters(QXmlStreamReader& reader)
     }
 }
 
+// Template properties have no child elements.
 void TemplateImpl::loadProperty(QXmlStreamReader& reader)
 {
-    QByteArray propertyName;
-    const QXmlStreamAttributes attributes = reader.attributes();
-    for (const QXmlStreamAttribute& attribute : attributes) {
-        if (attribute.name() == QLatin1String("name"))
-            propertyName = attribute.value().toUtf8();
-        else
-            ReaderErrors::unexpectedAttribute(reader, attribute.name());
-    }
+    const QByteArray propertyName = PropertyElement::name(reader);
     QByteArray value;
-    bool inProperty = true;
-    while (inProperty && !reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            ReaderErrors::unexpectedElement(reader);
-            break;
-        case QXmlStreamReader::EndElement:
-            inProperty = false;
-            break;
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace())
-                value = reader.text().toUtf8();
-            break;
-        default:
-            break;
-        }
-    }
-    if (!reader.hasError() && !propertyName.isEmpty() && !value.isEmpty())
+    const bool complete = PropertyElement::readText(reader, value, [&reader](QByteArray&) {
+        ReaderErrors::unexpectedElement(reader);
+        return false;
+    });
+    if (complete && !propertyName.isEmpty() && !value.isEmpty())
         storeProperty(propertyName, value);
 }
 

@@ -1,6 +1,7 @@
 #include "template/TemplateToolsImpl.h"
 
 #include "template/ParameterImpl.h"
+#include "template/PropertyElement.h"
 #include "template/ReaderErrors.h"
 
 #include <CommandSystem/Template.h>
@@ -190,24 +191,9 @@ bool TemplateToolsImpl::checkTemplateProperty(QXmlStreamReader& reader)
     if (!checkPropertyName(reader, name))
         return false;
     QByteArray value;
-    bool inProperty = true;
-    while (inProperty && !reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            return failUnexpectedElement(reader);
-        case QXmlStreamReader::EndElement:
-            inProperty = false;
-            break;
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace())
-                value = reader.text().toUtf8();
-            break;
-        default:
-            break;
-        }
-    }
-    return !reader.hasError() && checkValuePresent(reader, name, value)
-        && checkTemplateValue(reader, name, value);
+    const auto noChild = [&reader](QByteArray&) { return failUnexpectedElement(reader); };
+    return PropertyElement::readText(reader, value, noChild)
+        && checkValuePresent(reader, name, value) && checkTemplateValue(reader, name, value);
 }
 
 // "no_ftr" and "scope" are integers and "auto_repeat" takes on/off: that is how the host reads
@@ -303,52 +289,24 @@ bool TemplateToolsImpl::checkParameterProperty(QXmlStreamReader& reader)
     if (!checkPropertyName(reader, name))
         return false;
     QByteArray value;
-    bool inProperty = true;
-    while (inProperty && !reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            if (reader.name() == QLatin1String("string") && name == "dim") {
-                QByteArray item;
-                // An empty item ends the file's validation without a message.
-                if (!checkString(reader, item))
-                    return false;
-                value = value.isEmpty() ? item : value + '@' + item;
-            } else {
-                return failUnexpectedElement(reader);
-            }
-            break;
-        case QXmlStreamReader::EndElement:
-            inProperty = false;
-            break;
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace())
-                value = reader.text().toUtf8();
-            break;
-        default:
-            break;
-        }
-    }
-    return !reader.hasError() && checkValuePresent(reader, name, value)
-        && checkParameterValue(reader, name, value);
+    const auto dimItem = [&](QByteArray& text) {
+        if (reader.name() != QLatin1String("string") || name != "dim")
+            return failUnexpectedElement(reader);
+        QByteArray item;
+        // An empty item ends the file's validation without a message.
+        if (!checkString(reader, item))
+            return false;
+        PropertyElement::appendItem(text, item);
+        return true;
+    };
+    return PropertyElement::readText(reader, value, dimItem)
+        && checkValuePresent(reader, name, value) && checkParameterValue(reader, name, value);
 }
 
 bool TemplateToolsImpl::checkString(QXmlStreamReader& reader, QByteArray& item)
 {
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            return failUnexpectedElement(reader);
-        case QXmlStreamReader::EndElement:
-            return !item.isEmpty();
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace())
-                item = reader.text().toUtf8();
-            break;
-        default:
-            break;
-        }
-    }
-    return false;
+    const auto noChild = [&reader](QByteArray&) { return failUnexpectedElement(reader); };
+    return PropertyElement::readText(reader, item, noChild) && !item.isEmpty();
 }
 
 bool TemplateToolsImpl::checkParameterValue(QXmlStreamReader& reader, const QByteArray& name,

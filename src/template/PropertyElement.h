@@ -1,0 +1,67 @@
+#ifndef COMMANDSYSTEM_PROPERTYELEMENT_H
+#define COMMANDSYSTEM_PROPERTYELEMENT_H
+
+#include <CommandSystem/Global.h>
+
+#include "template/ReaderErrors.h"
+
+#include <QByteArray>
+#include <QXmlStreamReader>
+
+CS_BEGIN_NAMESPACE
+
+// A "property" element as the template readers and the validator take it.
+class PropertyElement
+{
+public:
+    // The loaders' reading of the attributes: "name" (the last one wins); any other attribute
+    // raises "Unexpected attribute: ".
+    static QByteArray name(QXmlStreamReader& reader)
+    {
+        QByteArray name;
+        const QXmlStreamAttributes attributes = reader.attributes();
+        for (const QXmlStreamAttribute& attribute : attributes) {
+            if (attribute.name() == QLatin1String("name"))
+                name = attribute.value().toUtf8();
+            else
+                ReaderErrors::unexpectedAttribute(reader, attribute.name());
+        }
+        return name;
+    }
+
+    // The character content of a "property" or "string" element: text that is not only white
+    // space replaces what came before (the last piece wins, untrimmed).
+    // Reads up to the end of the element the reader is in. A child element goes to onChild,
+    // which returns false to stop. True when the element's end was reached without an error.
+    template <typename OnChild>
+    static bool readText(QXmlStreamReader& reader, QByteArray& text, OnChild onChild)
+    {
+        while (!reader.hasError()) {
+            switch (reader.readNext()) {
+            case QXmlStreamReader::StartElement:
+                if (!onChild(text))
+                    return false;
+                break;
+            case QXmlStreamReader::EndElement:
+                return true;
+            case QXmlStreamReader::Characters:
+                if (!reader.isWhitespace())
+                    text = reader.text().toUtf8();
+                break;
+            default:
+                break;
+            }
+        }
+        return false;
+    }
+
+    // The "dim" property joins its "string" items with '@'.
+    static void appendItem(QByteArray& value, const QByteArray& item)
+    {
+        value = value.isEmpty() ? item : value + '@' + item;
+    }
+};
+
+CS_END_NAMESPACE
+
+#endif
