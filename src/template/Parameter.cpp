@@ -1,6 +1,7 @@
 #include <CommandSystem/Parameter.h>
 
 #include "template/ParameterImpl.h"
+#include "template/ElementReader.h"
 #include "template/ReaderErrors.h"
 
 #include <QXmlStreamReader>
@@ -43,20 +44,14 @@ Parameter::~Parameter()
 void Parameter::load(QXmlStreamReader& reader)
 {
     d->loadAttributes(reader);
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            if (reader.name() == QLatin1String("property"))
-                d->loadProperty(reader);
-            else
-                ReaderErrors::unexpectedElement(reader);
-            break;
-        case QXmlStreamReader::EndElement:
-            return;
-        default:
-            break;
+    ElementReader::readChildren(reader, [&] {
+        if (reader.name() != QLatin1String("property")) {
+            ReaderErrors::unexpectedElement(reader);
+            return false;
         }
-    }
+        d->loadProperty(reader);
+        return true;
+    });
 }
 
 const char* Parameter::description() const

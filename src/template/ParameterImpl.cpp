@@ -1,6 +1,6 @@
 #include "template/ParameterImpl.h"
 
-#include "template/PropertyElement.h"
+#include "template/ElementReader.h"
 #include "template/ReaderErrors.h"
 
 #include <QCoreApplication>
@@ -36,14 +36,14 @@ void ParameterImpl::loadAttributes(QXmlStreamReader& reader)
 
 void ParameterImpl::loadProperty(QXmlStreamReader& reader)
 {
-    const QByteArray name = PropertyElement::name(reader);
+    const QByteArray name = ElementReader::propertyName(reader);
     QByteArray value;
-    const bool complete = PropertyElement::readText(reader, value, [&](QByteArray& text) {
+    const bool complete = ElementReader::readText(reader, value, [&](QByteArray& text) {
         if (reader.name() != QLatin1String("string") || name != "dim") {
             ReaderErrors::unexpectedElement(reader);
             return false;
         }
-        PropertyElement::appendItem(text, readString(reader));
+        ElementReader::appendDimItem(text, readString(reader));
         return true;
     });
     if (complete && !name.isEmpty() && !value.isEmpty())
@@ -53,7 +53,7 @@ void ParameterImpl::loadProperty(QXmlStreamReader& reader)
 QByteArray ParameterImpl::readString(QXmlStreamReader& reader)
 {
     QByteArray text;
-    PropertyElement::readText(reader, text, [&reader](QByteArray&) {
+    ElementReader::readText(reader, text, [&reader](QByteArray&) {
         ReaderErrors::unexpectedElement(reader);
         return false;
     });

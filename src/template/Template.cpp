@@ -1,5 +1,6 @@
 #include <CommandSystem/Template.h>
 
+#include "template/ElementReader.h"
 #include "template/ReaderErrors.h"
 #include "template/TemplateImpl.h"
 
@@ -33,22 +34,15 @@ void Template::load(QXmlStreamReader& reader)
 {
     // Attributes first: the name is the parameters' translation context.
     d->loadAttributes(reader);
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            if (reader.name() == QLatin1String("property"))
-                d->loadProperty(reader);
-            else if (reader.name() == QLatin1String("parameters"))
-                d->loadParameters(reader);
-            else
-                ReaderErrors::unexpectedElement(reader);
-            break;
-        case QXmlStreamReader::EndElement:
-            return;
-        default:
-            break;
-        }
-    }
+    ElementReader::readChildren(reader, [&] {
+        if (reader.name() == QLatin1String("property"))
+            d->loadProperty(reader);
+        else if (reader.name() == QLatin1String("parameters"))
+            d->loadParameters(reader);
+        else
+            ReaderErrors::unexpectedElement(reader);
+        return true;
+    });
 }
 
 const char* Template::name() const

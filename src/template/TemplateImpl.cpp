@@ -1,6 +1,6 @@
 #include "template/TemplateImpl.h"
 
-#include "template/PropertyElement.h"
+#include "template/ElementReader.h"
 #include "template/ReaderErrors.h"
 
 #include <CommandSystem/Parameter.h>
@@ -31,33 +31,26 @@ void TemplateImpl::loadAttributes(QXmlStreamReader& reader)
 
 void TemplateImpl::loadParameters(QXmlStreamReader& reader)
 {
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
-            if (reader.name() == QLatin1String("parameter")) {
-                // Kept even when its load fails: the error ends the whole read anyway.
-                Parameter* parameter = new Parameter;
-                parameter->setParent(owner);
-                parameter->load(reader);
-                parameters.push_back(parameter);
-            } else {
-                ReaderErrors::unexpectedElement(reader);
-            }
-            break;
-        case QXmlStreamReader::EndElement:
-            return;
-        default:
-            break;
+    ElementReader::readChildren(reader, [&] {
+        if (reader.name() != QLatin1String("parameter")) {
+            ReaderErrors::unexpectedElement(reader);
+            return false;
         }
-    }
+        // Kept even when its load fails: the error ends the whole read anyway.
+        Parameter* parameter = new Parameter;
+        parameter->setParent(owner);
+        parameter->load(reader);
+        parameters.push_back(parameter);
+        return true;
+    });
 }
 
 // Template properties have no child elements.
 void TemplateImpl::loadProperty(QXmlStreamReader& reader)
 {
-    const QByteArray propertyName = PropertyElement::name(reader);
+    const QByteArray propertyName = ElementReader::propertyName(reader);
     QByteArray value;
-    const bool complete = PropertyElement::readText(reader, value, [&reader](QByteArray&) {
+    const bool complete = ElementReader::readText(reader, value, [&reader](QByteArray&) {
         ReaderErrors::unexpectedElement(reader);
         return false;
     });

@@ -1,7 +1,7 @@
 #include "template/TemplateToolsImpl.h"
 
 #include "template/ParameterImpl.h"
-#include "template/PropertyElement.h"
+#include "template/ElementReader.h"
 #include "template/ReaderErrors.h"
 
 #include <CommandSystem/Template.h>
@@ -140,26 +140,13 @@ bool TemplateToolsImpl::checkTemplate(QXmlStreamReader& reader)
         ReaderErrors::unexpectedAttribute(reader, attributes.first().name());
         return false;
     }
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::EndElement:
-            return true;
-        case QXmlStreamReader::StartElement:
-            if (reader.name() == QLatin1String("property")) {
-                if (!checkTemplateProperty(reader))
-                    return false;
-            } else if (reader.name() == QLatin1String("parameters")) {
-                if (!checkParameters(reader))
-                    return false;
-            } else {
-                return failUnexpectedElement(reader);
-            }
-            break;
-        default:
-            break;
-        }
-    }
-    return false;
+    return ElementReader::readChildren(reader, [&] {
+        if (reader.name() == QLatin1String("property"))
+            return checkTemplateProperty(reader);
+        if (reader.name() == QLatin1String("parameters"))
+            return checkParameters(reader);
+        return failUnexpectedElement(reader);
+    });
 }
 
 bool TemplateToolsImpl::checkPropertyName(QXmlStreamReader& reader, QByteArray& name)
@@ -192,7 +179,7 @@ bool TemplateToolsImpl::checkTemplateProperty(QXmlStreamReader& reader)
         return false;
     QByteArray value;
     const auto noChild = [&reader](QByteArray&) { return failUnexpectedElement(reader); };
-    return PropertyElement::readText(reader, value, noChild)
+    return ElementReader::readText(reader, value, noChild)
         && checkValuePresent(reader, name, value) && checkTemplateValue(reader, name, value);
 }
 
@@ -217,21 +204,11 @@ bool TemplateToolsImpl::checkTemplateValue(QXmlStreamReader& reader, const QByte
 
 bool TemplateToolsImpl::checkParameters(QXmlStreamReader& reader)
 {
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::EndElement:
-            return true;
-        case QXmlStreamReader::StartElement:
-            if (reader.name() != QLatin1String("parameter"))
-                return failUnexpectedElement(reader);
-            if (!checkParameter(reader))
-                return false;
-            break;
-        default:
-            break;
-        }
-    }
-    return false;
+    return ElementReader::readChildren(reader, [&] {
+        if (reader.name() != QLatin1String("parameter"))
+            return failUnexpectedElement(reader);
+        return checkParameter(reader);
+    });
 }
 
 // A bad attribute value names the element, not the value.
@@ -266,21 +243,11 @@ bool TemplateToolsImpl::checkParameter(QXmlStreamReader& reader)
     currentType = 0;
     if (!checkParameterAttributes(reader))
         return false;
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::EndElement:
-            return true;
-        case QXmlStreamReader::StartElement:
-            if (reader.name() != QLatin1String("property"))
-                return failUnexpectedElement(reader);
-            if (!checkParameterProperty(reader))
-                return false;
-            break;
-        default:
-            break;
-        }
-    }
-    return false;
+    return ElementReader::readChildren(reader, [&] {
+        if (reader.name() != QLatin1String("property"))
+            return failUnexpectedElement(reader);
+        return checkParameterProperty(reader);
+    });
 }
 
 bool TemplateToolsImpl::checkParameterProperty(QXmlStreamReader& reader)
@@ -296,17 +263,17 @@ bool TemplateToolsImpl::checkParameterProperty(QXmlStreamReader& reader)
         // An empty item ends the file's validation without a message.
         if (!checkString(reader, item))
             return false;
-        PropertyElement::appendItem(text, item);
+        ElementReader::appendDimItem(text, item);
         return true;
     };
-    return PropertyElement::readText(reader, value, dimItem)
+    return ElementReader::readText(reader, value, dimItem)
         && checkValuePresent(reader, name, value) && checkParameterValue(reader, name, value);
 }
 
 bool TemplateToolsImpl::checkString(QXmlStreamReader& reader, QByteArray& item)
 {
     const auto noChild = [&reader](QByteArray&) { return failUnexpectedElement(reader); };
-    return PropertyElement::readText(reader, item, noChild) && !item.isEmpty();
+    return ElementReader::readText(reader, item, noChild) && !item.isEmpty();
 }
 
 bool TemplateToolsImpl::checkParameterValue(QXmlStreamReader& reader, const QByteArray& name,

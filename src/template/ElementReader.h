@@ -1,5 +1,5 @@
-#ifndef COMMANDSYSTEM_PROPERTYELEMENT_H
-#define COMMANDSYSTEM_PROPERTYELEMENT_H
+#ifndef COMMANDSYSTEM_ELEMENTREADER_H
+#define COMMANDSYSTEM_ELEMENTREADER_H
 
 #include <CommandSystem/Global.h>
 
@@ -10,13 +10,35 @@
 
 CS_BEGIN_NAMESPACE
 
-// A "property" element as the template readers and the validator take it.
-class PropertyElement
+// The reading steps that the template loaders and the validator share; they differ only in
+// what they make of each child element.
+class ElementReader
 {
 public:
-    // The loaders' reading of the attributes: "name" (the last one wins); any other attribute
+    // Reads up to the end of the element the reader is in, handing each child element to
+    // onChild, which returns false to stop. True when the element's end was reached without an
+    // error. Text and other tokens are passed over.
+    template <typename OnChild>
+    static bool readChildren(QXmlStreamReader& reader, OnChild onChild)
+    {
+        while (!reader.hasError()) {
+            switch (reader.readNext()) {
+            case QXmlStreamReader::StartElement:
+                if (!onChild())
+                    return false;
+                break;
+            case QXmlStreamReader::EndElement:
+                return true;
+            default:
+                break;
+            }
+        }
+        return false;
+    }
+
+    // The loaders' reading of a "property" element's attributes: "name" (the last one wins); any other attribute
     // raises "Unexpected attribute: ".
-    static QByteArray name(QXmlStreamReader& reader)
+    static QByteArray propertyName(QXmlStreamReader& reader)
     {
         QByteArray name;
         const QXmlStreamAttributes attributes = reader.attributes();
@@ -56,7 +78,7 @@ public:
     }
 
     // The "dim" property joins its "string" items with '@'.
-    static void appendItem(QByteArray& value, const QByteArray& item)
+    static void appendDimItem(QByteArray& value, const QByteArray& item)
     {
         value = value.isEmpty() ? item : value + '@' + item;
     }
