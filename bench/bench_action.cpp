@@ -1,7 +1,9 @@
 // Actions and UI binding: cloning, pushing state to clones, reading and writing UI definition
 // files, and the memory an action and a clone take.
 #include "generators/UiCorpus.h"
+#include "support/AnchorSource.h"
 #include "support/BenchSession.h"
+#include "support/CloneFanOut.h"
 #include "support/DataDirectory.h"
 #include "support/Measure.h"
 
@@ -26,6 +28,7 @@
 #include <vector>
 
 using namespace Talvir::Vexa::Cs;
+using CsBench::AnchorSource;
 
 namespace {
 
@@ -34,36 +37,6 @@ constexpr int poolActions = 5000;
 constexpr int poolIcons = 500;
 constexpr int iconSize = 32;
 constexpr int cloneCount = 10000;
-
-// The signals an Action offers its clones, for the anchor's function-pointer connections.
-class AnchorSource : public QObject
-{
-    Q_OBJECT
-signals:
-    void enabledChanged(bool enabled);
-    void checkedChanged(bool checked);
-    void visibleChanged(bool visible);
-    void iconChanged(const QString& name);
-    void ribbonTextChanged(const QString& text);
-    void menuTextChanged(const QString& text);
-    void shortcutChanged(const QKeySequence& shortcut);
-public slots:
-    void onTriggered() {}
-    void onChanged() {}
-};
-
-// A clone's mapper without the library: the same four slots, doing nothing.
-class AnchorMapper : public QObject
-{
-    Q_OBJECT
-public:
-    using QObject::QObject;
-public slots:
-    void onRibbonTextChanged(const QString&) {}
-    void onMenuTextChanged(const QString&) {}
-    void onIconChanged(const QString&) {}
-    void onShortcutChanged(const QKeySequence&) {}
-};
 
 // Icons and the UI file are generated once into the build tree and kept for later runs; the
 // files that the benchmarks write go to a temporary directory. Icons are looked up at 96 DPI.
@@ -169,7 +142,7 @@ void setEnabledClones(benchmark::State& state, int clones)
         action->clone(&holder, 1);
     bool enabled = true;
     for (auto _ : state)
-        action->setEnabled(enabled = !enabled);
+        CsBench::reachClones(action.get(), enabled = !enabled);
 }
 
 void setEnabledDirect(benchmark::State& state, int count)
@@ -186,45 +159,18 @@ void setEnabledDirect(benchmark::State& state, int count)
     }
 }
 
-// Not an anchor of the targets but their diagnosis: what Qt alone costs for the objects and
-// connections that clones must have. Plain QActions with a clone's properties and object name,
-// a mapper child each, the same ten connections made from signature strings (the form that
-// Qt calls fastest), and slots that do nothing; the source's signal reaches every QAction.
-void buildCloneGraph(AnchorSource* source, const QIcon& icon, QObject* holder)
-{
-    auto* action = new QAction(icon, QStringLiteral("Fillet"), holder);
-    action->setProperty("VrCsActionType", 1);
-    action->setObjectName(QStringLiteral("ID_FILLET"));
-    action->setProperty("command", QStringLiteral("fillet"));
-    action->setCheckable(false);
-    action->setChecked(false);
-    action->setEnabled(true);
-    auto* mapper = new AnchorMapper(action);
-    QObject::connect(source, SIGNAL(destroyed()), action, SLOT(deleteLater()));
-    QObject::connect(source, SIGNAL(checkedChanged(bool)), action, SLOT(setChecked(bool)));
-    QObject::connect(source, SIGNAL(enabledChanged(bool)), action, SLOT(setEnabled(bool)));
-    QObject::connect(source, SIGNAL(visibleChanged(bool)), action, SLOT(setVisible(bool)));
-    QObject::connect(action, SIGNAL(triggered()), source, SLOT(onTriggered()));
-    QObject::connect(action, SIGNAL(changed()), source, SLOT(onChanged()));
-    QObject::connect(source, SIGNAL(ribbonTextChanged(QString)), mapper,
-                     SLOT(onRibbonTextChanged(QString)));
-    QObject::connect(source, SIGNAL(menuTextChanged(QString)), mapper,
-                     SLOT(onMenuTextChanged(QString)));
-    QObject::connect(source, SIGNAL(iconChanged(QString)), mapper, SLOT(onIconChanged(QString)));
-    QObject::connect(source, SIGNAL(shortcutChanged(QKeySequence)), mapper,
-                     SLOT(onShortcutChanged(QKeySequence)));
-}
-
+// Not an anchor of the targets but their diagnosis: Qt alone with the objects and connections
+// that clones must have.
 void setEnabledCloneGraph(benchmark::State& state, int count)
 {
     AnchorSource source;
     QObject holder;
     const QIcon icon(corpus().iconPaths.first());
     for (int index = 0; index < count; ++index)
-        buildCloneGraph(&source, icon, &holder);
+        CsBench::addQtClone(&source, icon, &holder);
     bool enabled = true;
     for (auto _ : state)
-        emit source.enabledChanged(enabled = !enabled);
+        CsBench::reachQtClones(&source, enabled = !enabled);
 }
 
 void poolLoad(benchmark::State& state)
@@ -470,5 +416,3 @@ int main(int argc, char** argv)
     registerBenchmarks();
     return session.run("Actions and UI binding (bench_action)", comparisons());
 }
-
-#include "bench_action.moc"
