@@ -26,9 +26,12 @@ int originalSignal(const QMetaObject& senderClass, int index)
 } // namespace
 
 MetaConnection::MetaConnection(const QMetaObject& senderClass, const char* signal,
-                               const QMetaObject& receiverClass, const char* method)
-    : signalIndex(originalSignal(senderClass, senderClass.indexOfSignal(signature(signal)))),
-      methodIndex(receiverClass.indexOfMethod(signature(method)))
+                               const QMetaObject& receiverClass, const char* method, Made made)
+    : signal(signal),
+      method(method),
+      signalIndex(originalSignal(senderClass, senderClass.indexOfSignal(signature(signal)))),
+      methodIndex(receiverClass.indexOfMethod(signature(method))),
+      made(made)
 {
     Q_ASSERT_X(signalIndex >= 0, "MetaConnection", signal);
     Q_ASSERT_X(methodIndex >= 0, "MetaConnection", method);
@@ -36,7 +39,10 @@ MetaConnection::MetaConnection(const QMetaObject& senderClass, const char* signa
 
 void MetaConnection::connect(const QObject* sender, const QObject* receiver) const
 {
-    QMetaObject::connect(sender, signalIndex, receiver, methodIndex, Qt::AutoConnection);
+    if (made == BySignature)
+        QObject::connect(sender, signal, receiver, method);
+    else
+        QMetaObject::connect(sender, signalIndex, receiver, methodIndex, Qt::AutoConnection);
 }
 
 CS_END_NAMESPACE

@@ -7,20 +7,29 @@
 
 CS_BEGIN_NAMESPACE
 
-// One string-based connection (SIGNAL()/SLOT() texts) whose method indices are looked up once.
-// connect() then makes exactly the connection QObject::connect would make with the same texts,
-// without parsing and searching the signatures every time: clones are made by the thousand.
+// One string-based connection (SIGNAL()/SLOT() texts), made for every clone. Either way,
+// connect() makes exactly the connection that QObject::connect makes from the same texts; the
+// two ways differ only in cost:
+// - ByIndex looks the method indices up once and skips parsing the texts every time, but Qt
+//   then calls the slot through the receiver's qt_metacall;
+// - BySignature parses the texts every time (QObject::connect), and Qt then calls the slot
+//   directly: worth it for connections that fire far more often than they are made.
 class MetaConnection
 {
 public:
+    enum Made { ByIndex, BySignature };
+
     MetaConnection(const QMetaObject& senderClass, const char* signal,
-                   const QMetaObject& receiverClass, const char* method);
+                   const QMetaObject& receiverClass, const char* method, Made made = ByIndex);
 
     void connect(const QObject* sender, const QObject* receiver) const;
 
 private:
+    const char* signal;
+    const char* method;
     int signalIndex;
     int methodIndex;
+    Made made;
 };
 
 CS_END_NAMESPACE

@@ -31,6 +31,8 @@ private slots:
     void iconIsActionsUnlessGiven();
     void stateIsCopiedButNotVisibilityOrShortcut();
     void cloneCarriesOwnMapper();
+    void connectionsAreThoseOfTheSignatures_data();
+    void connectionsAreThoseOfTheSignatures();
     void actionStatePushedToClones();
     void cloneStateSyncedBackOnce_data();
     void cloneStateSyncedBackOnce();
@@ -177,6 +179,61 @@ void tst_CloneAction::cloneCarriesOwnMapper()
     QVERIFY(mappers.first()->actions().isEmpty());
     QCOMPARE(second->findChildren<ActionMapper*>().size(), 1);
     QVERIFY(second->findChild<ActionMapper*>() != mappers.first());
+}
+
+// Each connection of a clone is the one QObject::connect makes from these signature texts, so
+// a host can break it with the same texts: once, since it exists once.
+void tst_CloneAction::connectionsAreThoseOfTheSignatures_data()
+{
+    QTest::addColumn<QString>("sender");
+    QTest::addColumn<QByteArray>("signal");
+    QTest::addColumn<QString>("receiver");
+    QTest::addColumn<QByteArray>("method");
+
+    const QString action = QStringLiteral("action");
+    const QString clone = QStringLiteral("clone");
+    const QString mapper = QStringLiteral("mapper");
+    QTest::newRow("destroyed") << action << QByteArray(SIGNAL(destroyed())) << clone
+                               << QByteArray(SLOT(deleteLater()));
+    QTest::newRow("checked") << action << QByteArray(SIGNAL(checkedChanged(bool))) << clone
+                             << QByteArray(SLOT(setChecked(bool)));
+    QTest::newRow("enabled") << action << QByteArray(SIGNAL(enabledChanged(bool))) << clone
+                             << QByteArray(SLOT(setEnabled(bool)));
+    QTest::newRow("visible") << action << QByteArray(SIGNAL(visibleChanged(bool))) << clone
+                             << QByteArray(SLOT(setVisible(bool)));
+    QTest::newRow("triggered") << clone << QByteArray(SIGNAL(triggered())) << action
+                               << QByteArray(SLOT(onTriggered()));
+    QTest::newRow("changed") << clone << QByteArray(SIGNAL(changed())) << action
+                             << QByteArray(SLOT(onChanged()));
+    QTest::newRow("ribbon text") << action << QByteArray(SIGNAL(ribbonTextChanged(QString)))
+                                 << mapper << QByteArray(SLOT(onRibbonTextChanged(QString)));
+    QTest::newRow("menu text") << action << QByteArray(SIGNAL(menuTextChanged(QString)))
+                               << mapper << QByteArray(SLOT(onMenuTextChanged(QString)));
+    QTest::newRow("icon") << action << QByteArray(SIGNAL(iconChanged(QString))) << mapper
+                          << QByteArray(SLOT(onIconChanged(QString)));
+    QTest::newRow("shortcut") << action << QByteArray(SIGNAL(shortcutChanged(QKeySequence)))
+                              << mapper << QByteArray(SLOT(onShortcutChanged(QKeySequence)));
+}
+
+void tst_CloneAction::connectionsAreThoseOfTheSignatures()
+{
+    QFETCH(QString, sender);
+    QFETCH(QByteArray, signal);
+    QFETCH(QString, receiver);
+    QFETCH(QByteArray, method);
+
+    Action action(nullptr);
+    QAction* clone = action.clone(nullptr, 1);
+    const QHash<QString, QObject*> objects{{QStringLiteral("action"), &action},
+                                           {QStringLiteral("clone"), clone},
+                                           {QStringLiteral("mapper"),
+                                            clone->findChild<ActionMapper*>()}};
+    QObject* from = objects.value(sender);
+    QObject* to = objects.value(receiver);
+    QVERIFY(to);
+    QVERIFY(QObject::disconnect(from, signal.constData(), to, method.constData()));
+    QVERIFY(!QObject::disconnect(from, signal.constData(), to, method.constData()));
+    delete clone;
 }
 
 void tst_CloneAction::actionStatePushedToClones()
