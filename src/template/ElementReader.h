@@ -36,8 +36,33 @@ public:
         return false;
     }
 
-    // The loaders' reading of a "property" element's attributes: "name" (the last one wins); any other attribute
-    // raises "Unexpected attribute: ".
+    // Reads a template file: its top-level elements must be "templates" and theirs "template";
+    // anything else raises "Unexpected element: " and ends the reading. Each "template" element
+    // goes to onTemplate, which returns false to stop.
+    template <typename OnTemplate>
+    static void readTemplateFile(QXmlStreamReader& reader, OnTemplate onTemplate)
+    {
+        const auto onChild = [&reader, &onTemplate] {
+            if (reader.name() != QLatin1String("template")) {
+                ReaderErrors::unexpectedTopElement(reader);
+                return false;
+            }
+            return onTemplate();
+        };
+        while (!reader.atEnd()) {
+            if (reader.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (reader.name() != QLatin1String("templates")) {
+                ReaderErrors::unexpectedTopElement(reader);
+                return;
+            }
+            if (!readChildren(reader, onChild))
+                return;
+        }
+    }
+
+    // The loaders' reading of a "property" element's attributes: "name" (the last one wins);
+    // any other attribute raises "Unexpected attribute: ".
     static QByteArray propertyName(QXmlStreamReader& reader)
     {
         QByteArray name;

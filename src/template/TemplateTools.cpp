@@ -2,8 +2,8 @@
 
 #include "platform/OutputFile.h"
 #include "platform/Utility.h"
+#include "template/ElementReader.h"
 #include "template/MapFileReader.h"
-#include "template/ReaderErrors.h"
 #include "template/TemplateNameScanner.h"
 #include "template/TemplateToolsImpl.h"
 
@@ -45,19 +45,6 @@ void printWriteError(const QString& path, const OutputFile& file)
                 file.errorString().toUtf8().constData());
 }
 
-// Outer level of a template file: the root must be "templates".
-void readDocument(QXmlStreamReader& reader, QList<Template*>& templates)
-{
-    while (!reader.atEnd()) {
-        if (reader.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (reader.name() != QLatin1String("templates")) {
-            ReaderErrors::unexpectedTopElement(reader);
-            return;
-        }
-        TemplateToolsImpl::readTemplates(reader, templates);
-    }
-}
 
 void writeMap(QXmlStreamWriter& writer, const QHash<QString, QString>& map)
 {
@@ -98,7 +85,8 @@ bool TemplateTools::loadTemplate(const QString& filePath, QList<Template*>& temp
         return false;
     }
     QXmlStreamReader reader(&file);
-    readDocument(reader, templates);
+    ElementReader::readTemplateFile(
+        reader, [&] { return TemplateToolsImpl::readTemplate(reader, templates); });
     if (reader.hasError()) {
         debugReadError(filePath, reader);
         return false;

@@ -86,60 +86,16 @@ bool TemplateToolsImpl::readTemplate(QXmlStreamReader& reader, QList<Template*>&
     return true;
 }
 
-void TemplateToolsImpl::readTemplates(QXmlStreamReader& reader, QList<Template*>& templates)
-{
-    while (!reader.hasError()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::EndElement:
-            return;
-        case QXmlStreamReader::StartElement:
-            if (reader.name() != QLatin1String("template")) {
-                ReaderErrors::unexpectedTopElement(reader);
-                return;
-            }
-            if (!readTemplate(reader, templates))
-                return;
-            break;
-        default:
-            break;
-        }
-    }
-}
-
 void TemplateToolsImpl::validateDocument(QXmlStreamReader& reader)
 {
-    while (!reader.atEnd()) {
-        if (reader.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (reader.name() != QLatin1String("templates")) {
-            ReaderErrors::unexpectedTopElement(reader);
-            return;
-        }
-        while (!reader.hasError()) {
-            const QXmlStreamReader::TokenType token = reader.readNext();
-            if (token == QXmlStreamReader::EndElement)
-                break;
-            if (token != QXmlStreamReader::StartElement)
-                continue;
-            if (reader.name() != QLatin1String("template")) {
-                ReaderErrors::unexpectedTopElement(reader);
-                return;
-            }
-            if (!checkTemplate(reader))
-                return;
-        }
-    }
+    ElementReader::readTemplateFile(reader, [&] { return checkTemplate(reader); });
 }
 
 bool TemplateToolsImpl::checkTemplate(QXmlStreamReader& reader)
 {
-    const QXmlStreamAttributes attributes = reader.attributes();
-    if (attributes.size() != 1)
-        return fail(reader, "Attributes size error");
-    if (attributes.first().name() != QLatin1String("name")) {
-        ReaderErrors::unexpectedAttribute(reader, attributes.first().name());
+    QByteArray name;
+    if (!checkNameAttribute(reader, name))
         return false;
-    }
     return ElementReader::readChildren(reader, [&] {
         if (reader.name() == QLatin1String("property"))
             return checkTemplateProperty(reader);
@@ -149,7 +105,7 @@ bool TemplateToolsImpl::checkTemplate(QXmlStreamReader& reader)
     });
 }
 
-bool TemplateToolsImpl::checkPropertyName(QXmlStreamReader& reader, QByteArray& name)
+bool TemplateToolsImpl::checkNameAttribute(QXmlStreamReader& reader, QByteArray& name)
 {
     const QXmlStreamAttributes attributes = reader.attributes();
     if (attributes.size() != 1)
@@ -175,7 +131,7 @@ bool TemplateToolsImpl::checkValuePresent(QXmlStreamReader& reader, const QByteA
 bool TemplateToolsImpl::checkTemplateProperty(QXmlStreamReader& reader)
 {
     QByteArray name;
-    if (!checkPropertyName(reader, name))
+    if (!checkNameAttribute(reader, name))
         return false;
     QByteArray value;
     const auto noChild = [&reader](QByteArray&) { return failUnexpectedElement(reader); };
@@ -253,7 +209,7 @@ bool TemplateToolsImpl::checkParameter(QXmlStreamReader& reader)
 bool TemplateToolsImpl::checkParameterProperty(QXmlStreamReader& reader)
 {
     QByteArray name;
-    if (!checkPropertyName(reader, name))
+    if (!checkNameAttribute(reader, name))
         return false;
     QByteArray value;
     const auto dimItem = [&](QByteArray& text) {

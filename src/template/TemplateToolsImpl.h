@@ -21,7 +21,6 @@ public:
 
     static bool defaultParseFunction(const char* options);
     static bool readTemplate(QXmlStreamReader& reader, QList<Template*>& templates);
-    static void readTemplates(QXmlStreamReader& reader, QList<Template*>& templates);
 
     void validateDocument(QXmlStreamReader& reader);
     bool checkTemplate(QXmlStreamReader& reader);
@@ -30,7 +29,8 @@ public:
     bool checkParameter(QXmlStreamReader& reader);
     bool checkParameterProperty(QXmlStreamReader& reader);
     static bool checkString(QXmlStreamReader& reader, QByteArray& item);
-    static bool checkPropertyName(QXmlStreamReader& reader, QByteArray& name);
+    // The one attribute of a "template" or "property" element must be "name".
+    static bool checkNameAttribute(QXmlStreamReader& reader, QByteArray& name);
     static bool checkValuePresent(QXmlStreamReader& reader, const QByteArray& name,
                                   const QByteArray& value);
     static bool checkTemplateValue(QXmlStreamReader& reader, const QByteArray& name,
