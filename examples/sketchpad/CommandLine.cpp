@@ -39,6 +39,7 @@ CommandLine::CommandLine(QWidget* parent)
     m_input->setFont(mono);
     m_input->setFrame(false);
     m_input->installEventFilter(this);
+    setFocusProxy(m_input);
     m_prompt->setStyleSheet(QStringLiteral("font-weight: 600; color: #1f4e8c;"));
 
     auto* inputRow = new QHBoxLayout;

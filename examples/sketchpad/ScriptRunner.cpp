@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTest>
 #include <QTextStream>
 #include <QTimer>
 
@@ -20,6 +21,18 @@
 namespace {
 
 const int kRetryMilliseconds = 5;
+
+// A script names one key, with its modifiers, as QKeySequence writes it: "Tab", "Ctrl+Shift+P".
+bool isSingleKey(const QKeySequence& sequence)
+{
+    if (sequence.count() != 1)
+        return false;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return sequence[0].key() != Qt::Key_unknown;
+#else
+    return (sequence[0] & ~Qt::KeyboardModifierMask) != Qt::Key_unknown;
+#endif
+}
 
 } // namespace
 
@@ -67,11 +80,13 @@ void ScriptRunner::step()
             continue;
         print(QStringLiteral("script %1").arg(line));
         const QString verb = line.section(QLatin1Char(' '), 0, 0);
-        if (!perform(verb, line.section(QLatin1Char(' '), 1).trimmed())) {
-            print(QStringLiteral("script error at line %1: %2").arg(m_next).arg(line));
+        const QString failure = perform(verb, line.section(QLatin1Char(' '), 1).trimmed());
+        if (!failure.isEmpty()) {
+            print(QStringLiteral("script error at line %1: %2: %3").arg(m_next).arg(line, failure));
             ++m_failures;
         }
-        QTimer::singleShot(0, this, &ScriptRunner::step);
+        QTimer::singleShot(m_pauseMilliseconds, this, &ScriptRunner::step);
+        m_pauseMilliseconds = 0;
         return;
     }
     finish();
@@ -84,46 +99,47 @@ void ScriptRunner::print(const QString& text)
     std::fflush(stdout);
 }
 
-bool ScriptRunner::perform(const QString& verb, const QString& argument)
+QString ScriptRunner::perform(const QString& verb, const QString& argument)
 {
-    SketchContext& context = m_window->context();
     if (verb == QLatin1String("menu"))
         return trigger(m_window->menuClone(argument), argument);
     if (verb == QLatin1String("ribbon"))
         return trigger(m_window->ribbonClone(argument), argument);
     if (verb == QLatin1String("type")) {
-        context.commandLine->type(argument);
-        return true;
+        m_window->context().commandLine->type(argument);
+        return QString();
     }
+    if (verb == QLatin1String("text"))
+        return typeText(argument);
+    if (verb == QLatin1String("key"))
+        return pressKey(argument);
     if (verb == QLatin1String("click"))
         return click(argument);
     if (verb == QLatin1String("set"))
         return setField(argument);
-    if (verb == QLatin1String("key") && argument.compare(QLatin1String("escape"), Qt::CaseInsensitive) == 0) {
-        emit context.commandLine->cancelRequested();
-        return true;
-    }
-    return verb == QLatin1String("wait");
+    if (verb == QLatin1String("pause"))
+        return pause(argument);
+    if (verb == QLatin1String("wait"))
+        return argument.isEmpty() ? QString() : QStringLiteral("wait takes no argument");
+    return QStringLiteral("unknown step \"%1\"").arg(verb);
 }
 
-bool ScriptRunner::trigger(QAction* clone, const QString& name)
+QString ScriptRunner::trigger(QAction* clone, const QString& name)
 {
-    if (!clone) {
-        print(QStringLiteral("no entry for action %1").arg(name));
-        return false;
-    }
+    if (!clone)
+        return QStringLiteral("no entry for action \"%1\"").arg(name);
     clone->trigger();
-    return true;
+    return QString();
 }
 
-bool ScriptRunner::click(const QString& argument)
+QString ScriptRunner::click(const QString& argument)
 {
     const QStringList parts = argument.split(QLatin1Char(','));
     bool okX = false;
     bool okY = false;
     const QPointF point(parts.value(0).toDouble(&okX), parts.value(1).toDouble(&okY));
     if (parts.size() != 2 || !okX || !okY)
-        return false;
+        return QStringLiteral("expected drawing coordinates X,Y, not \"%1\"").arg(argument);
     DrawingView* view = m_window->context().view;
     const QPoint at = view->viewportPointFor(point);
     QMouseEvent press(QEvent::MouseButtonPress, at, view->viewport()->mapToGlobal(at), Qt::LeftButton,
@@ -132,26 +148,65 @@ bool ScriptRunner::click(const QString& argument)
                         Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(view->viewport(), &press);
     QApplication::sendEvent(view->viewport(), &release);
-    return true;
+    return QString();
 }
 
-bool ScriptRunner::setField(const QString& argument)
+QString ScriptRunner::setField(const QString& argument)
 {
     const QString name = argument.section(QLatin1Char(' '), 0, 0);
     const QString value = argument.section(QLatin1Char(' '), 1).trimmed();
     QWidget* widget = m_window->fieldWidget(name);
     if (auto* box = qobject_cast<QComboBox*>(widget)) {
         const int index = box->findText(value);
+        if (index < 0)
+            return QStringLiteral("\"%1\" is not one of the entries of %2").arg(value, name);
         box->setCurrentIndex(index);
-        return index >= 0;
+        return QString();
     }
     if (auto* spin = qobject_cast<QDoubleSpinBox*>(widget)) {
         bool ok = false;
-        spin->setValue(value.toDouble(&ok));
-        return ok;
+        const double number = value.toDouble(&ok);
+        if (!ok)
+            return QStringLiteral("%1 takes a number, not \"%2\"").arg(name, value);
+        spin->setValue(number);
+        return QString();
     }
-    print(QStringLiteral("no field for action %1").arg(name));
-    return false;
+    return QStringLiteral("no field for action \"%1\"").arg(name);
+}
+
+// Keys go to the focused widget as a user's would, shortcuts first, through Qt's own input
+// simulation, so that shortcuts, focus and event filters all take part.
+QString ScriptRunner::pressKey(const QString& argument)
+{
+    const QKeySequence sequence = QKeySequence::fromString(argument, QKeySequence::PortableText);
+    if (!isSingleKey(sequence))
+        return QStringLiteral("\"%1\" is not one key such as Tab, Escape or Ctrl+Shift+P").arg(argument);
+    QTest::keySequence(keyboardTarget(), sequence);
+    return QString();
+}
+
+QString ScriptRunner::typeText(const QString& argument)
+{
+    if (argument.isEmpty())
+        return QStringLiteral("text needs the characters to type");
+    QTest::keyClicks(keyboardTarget(), argument);
+    return QString();
+}
+
+QString ScriptRunner::pause(const QString& argument)
+{
+    bool ok = false;
+    const int milliseconds = argument.toInt(&ok);
+    if (!ok || milliseconds < 0)
+        return QStringLiteral("pause takes milliseconds, not \"%1\"").arg(argument);
+    m_pauseMilliseconds = milliseconds;
+    return QString();
+}
+
+QWidget* ScriptRunner::keyboardTarget() const
+{
+    QWidget* focus = QApplication::focusWidget();
+    return focus ? focus : m_window->context().commandLine->focusProxy();
 }
 
 void ScriptRunner::finish()

@@ -9,14 +9,9 @@ class QAction;
 
 // Replays a session from a text script, one step at a time whenever the program is idle, and
 // prints the session (issued command texts, posted and run commands, the escaper's decisions,
-// prompts, answers and messages) on standard output. Steps, one per line ("#" starts a comment):
-//   menu NAME         trigger the menu entry of action NAME
-//   ribbon NAME       trigger the ribbon button of action NAME
-//   type TEXT         type TEXT into the command line and press Enter ("type" alone: Enter)
-//   click X,Y         click the drawing at drawing coordinates X,Y
-//   set NAME VALUE    set the field of widget action NAME (a layer, a number)
-//   key escape        press Esc in the command line
-//   wait              wait until no command is pending and no long work runs
+// prompts, answers and messages) on standard output. The step format is documented in the
+// README ("Sketchpad scripts"). A step that fails prints the line and the reason, and the
+// program exits with 1 at the end of the script.
 class ScriptRunner : public QObject
 {
     Q_OBJECT
@@ -34,10 +29,15 @@ private slots:
     void print(const QString& text);
 
 private:
-    bool perform(const QString& verb, const QString& argument);
-    bool trigger(QAction* clone, const QString& name);
-    bool click(const QString& argument);
-    bool setField(const QString& argument);
+    // Each returns why the step failed, or an empty text when it succeeded.
+    QString perform(const QString& verb, const QString& argument);
+    QString trigger(QAction* clone, const QString& name);
+    QString click(const QString& argument);
+    QString setField(const QString& argument);
+    QString pressKey(const QString& argument);
+    QString typeText(const QString& argument);
+    QString pause(const QString& argument);
+    QWidget* keyboardTarget() const;
     void finish();
 
     MainWindow* m_window;
@@ -46,6 +46,7 @@ private:
     QStringList m_lines;
     int m_next = 0;
     int m_failures = 0;
+    int m_pauseMilliseconds = 0;
 };
 
 #endif

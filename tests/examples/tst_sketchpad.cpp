@@ -17,8 +17,12 @@ private slots:
     void escaperDropsHoldsAndRunsAtOnce();
     void arrayReportsProgressOnMainThread();
     void screenshotIsSaved();
+    void keysAndTextReachTheFocusedWidget();
+    void failingStepSaysWhy_data();
+    void failingStepSaysWhy();
 
 private:
+    QString writeScript(const QString& name, const QString& text);
     static QStringList run(const QString& script, const QString& screenshot = QString());
     static QStringList linesStartingWith(const QStringList& output, const QString& prefix);
     static QStringList lastDump(const QStringList& output);
@@ -173,6 +177,58 @@ void tst_Sketchpad::screenshotIsSaved()
     const QImage image(path);
     QVERIFY(!image.isNull());
     QVERIFY(image.width() >= 800 && image.height() >= 600);
+}
+
+QString tst_Sketchpad::writeScript(const QString& name, const QString& text)
+{
+    const QString path = m_dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(text.toUtf8()) != text.toUtf8().size())
+        return QString();
+    return path;
+}
+
+void tst_Sketchpad::keysAndTextReachTheFocusedWidget()
+{
+    const QString script = writeScript(QStringLiteral("keys.script"),
+                                       QStringLiteral("text circle 5,5 2\nkey Return\n"
+                                                      "text line\nkey Return\ntype 0,0\nkey Escape\n"
+                                                      "pause 20\nwait\ntype dump\n"));
+    QVERIFY(!script.isEmpty());
+    const QStringList output = run(script);
+    QVERIFY2(output.contains(QStringLiteral("script end, 0 failed steps")), qPrintable(output.join(QLatin1Char('\n'))));
+    QVERIFY(output.contains(QStringLiteral("end line cancelled")));
+    QCOMPARE(lastDump(output).size(), 1);
+    QVERIFY(lastDump(output).first().contains(QLatin1String("circle")));
+}
+
+void tst_Sketchpad::failingStepSaysWhy_data()
+{
+    QTest::addColumn<QString>("step");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("unknown step") << QStringLiteral("jump 3") << QStringLiteral("unknown step \"jump\"");
+    QTest::newRow("unknown key") << QStringLiteral("key Sideways")
+                                 << QStringLiteral("\"Sideways\" is not one key such as Tab, Escape or Ctrl+Shift+P");
+    QTest::newRow("two keys") << QStringLiteral("key Ctrl+A, Ctrl+B")
+                              << QStringLiteral("\"Ctrl+A, Ctrl+B\" is not one key such as Tab, Escape or Ctrl+Shift+P");
+    QTest::newRow("bad pause") << QStringLiteral("pause soon") << QStringLiteral("pause takes milliseconds, not \"soon\"");
+    QTest::newRow("no action") << QStringLiteral("menu ID_NOWHERE") << QStringLiteral("no entry for action \"ID_NOWHERE\"");
+    QTest::newRow("bad click") << QStringLiteral("click 3") << QStringLiteral("expected drawing coordinates X,Y, not \"3\"");
+    QTest::newRow("no field") << QStringLiteral("set ID_DRAW_LINE 3") << QStringLiteral("no field for action \"ID_DRAW_LINE\"");
+    QTest::newRow("empty text") << QStringLiteral("text") << QStringLiteral("text needs the characters to type");
+}
+
+void tst_Sketchpad::failingStepSaysWhy()
+{
+    QFETCH(QString, step);
+    QFETCH(QString, reason);
+    const QString script = writeScript(QStringLiteral("failing.script"), QStringLiteral("# one bad step\n") + step + QLatin1Char('\n'));
+    QVERIFY(!script.isEmpty());
+    const QStringList output = run(script);
+    QCOMPARE(output.value(0), QStringLiteral("sketchpad failed"));
+    QVERIFY2(output.contains(QStringLiteral("script error at line 2: %1: %2").arg(step, reason)),
+             qPrintable(output.join(QLatin1Char('\n'))));
+    QVERIFY(output.contains(QStringLiteral("script end, 1 failed steps")));
 }
 
 QTEST_GUILESS_MAIN(tst_Sketchpad)
