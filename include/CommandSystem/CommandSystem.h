@@ -28,4 +28,10 @@
 #include <CommandSystem/Factory.h>
 #include <CommandSystem/WidgetMapper.h>
 
+#include <CommandSystem/KeyConflicts.h>
+#include <CommandSystem/KeyFinding.h>
+#include <CommandSystem/Keymap.h>
+#include <CommandSystem/ShortcutScheme.h>
+#include <CommandSystem/SourceLocation.h>
+
 #endif
