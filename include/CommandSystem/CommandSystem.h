@@ -28,4 +28,6 @@
 #include <CommandSystem/Factory.h>
 #include <CommandSystem/WidgetMapper.h>
 
+#include <CommandSystem/NameMatcher.h>
+
 #endif
