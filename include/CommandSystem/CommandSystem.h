@@ -34,4 +34,6 @@
 #include <CommandSystem/ShortcutScheme.h>
 #include <CommandSystem/SourceLocation.h>
 
+#include <CommandSystem/NameMatcher.h>
+
 #endif
