@@ -30,4 +30,6 @@
 
 #include <CommandSystem/NameMatcher.h>
 
+#include <CommandSystem/AliasTable.h>
+
 #endif
