@@ -36,4 +36,6 @@
 
 #include <CommandSystem/NameMatcher.h>
 
+#include <CommandSystem/AliasTable.h>
+
 #endif
