@@ -15,6 +15,7 @@
 CS_BEGIN_NAMESPACE
 
 class ActionPool;
+class AliasTable;
 class Keymap;
 class KeyConflictsImpl;
 class Template;
@@ -124,6 +125,12 @@ public:
     void addAliases(const QMap<QString, QString>& aliases);
 
     /**
+     * \brief The aliases of a table, each with the file and line where it was defined.
+     * \param table the aliases; only read.
+     */
+    void addAliases(const AliasTable& table);
+
+    /**
      * \brief Every entry of the keymap, with where it was read, as setShortcut() does.
      * \param keymap the shortcuts.
      */
@@ -134,7 +141,8 @@ public:
      *
      * ".xcui": the actions (an action that "MinWinVer" leaves out is disabled) and the first
      * word of each script as a command. ".tcmd": each template's name as a command and the
-     * "options" of its parameters. ".keymap": the shortcuts, as addKeymap() does. A file that
+     * "options" of its parameters. ".aliases": the aliases (see AliasTable), each bad line a
+     * KeyFinding::FileProblem. ".keymap": the shortcuts, as addKeymap() does. A file that
      * cannot be read, is not well-formed or has another suffix becomes a
      * KeyFinding::FileProblem; what was read before a problem stays.
      * \param path the file, named as messages are to name it.

@@ -5,10 +5,12 @@
 
 #include <CommandSystem/Action.h>
 #include <CommandSystem/ActionPool.h>
+#include <CommandSystem/AliasTable.h>
 #include <CommandSystem/Keymap.h>
 #include <CommandSystem/Parameter.h>
 #include <CommandSystem/Template.h>
 
+#include <QFile>
 #include <QFileInfo>
 
 CS_BEGIN_NAMESPACE
@@ -18,6 +20,76 @@ namespace {
 QString commandOf(const Action& action)
 {
     return action.script().section(QLatin1Char(' '), 0, 0, QString::SectionSkipEmpty);
+}
+
+// "FILE:LINE" as AliasTable gives places; the column is that of the line's first word, when
+// the file's lines are at hand.
+SourceLocation aliasLocation(const QString& place, const QStringList& lines)
+{
+    const int colon = place.lastIndexOf(QLatin1Char(':'));
+    if (colon < 0)
+        return SourceLocation();
+    const int line = place.mid(colon + 1).toInt();
+    const QString text = lines.value(line - 1);
+    int column = 0;
+    while (column < text.size() && text.at(column).isSpace())
+        ++column;
+    return SourceLocation{place.left(colon), line, column < text.size() ? column + 1 : 0};
+}
+
+QStringList linesOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return QStringList();
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+}
+
+void addAliasTable(KeyConflicts& conflicts, const AliasTable& table, const QStringList& lines)
+{
+    const QStringList aliases = table.aliases();
+    for (const QString& alias : aliases)
+        conflicts.addAlias(alias, table.command(alias), aliasLocation(table.location(alias), lines));
+}
+
+// Bad lines do not stop the alias reader, so the good lines are checked too.
+bool addAliasFile(KeyConflicts& conflicts, KeyConflictsImpl& impl, const QString& path)
+{
+    AliasTable table;
+    const bool read = table.load(path);
+    const QStringList lines = linesOf(path);
+    const QString prefix = path + QLatin1Char(':');
+    const QStringList errors = table.errors();
+    for (const QString& error : errors) {
+        const int end = error.indexOf(QLatin1String(": "), prefix.size());
+        if (error.startsWith(prefix) && end > 0)
+            impl.addProblem(aliasLocation(error.left(end), lines), error.mid(end + 2));
+        else
+            impl.addProblem(SourceLocation{path, 0, 0}, error.mid(path.size() + 2));
+    }
+    addAliasTable(conflicts, table, lines);
+    return read;
+}
+
+bool addKeymapFile(KeyConflicts& conflicts, KeyConflictsImpl& impl, const QString& path)
+{
+    Keymap keymap;
+    if (!keymap.load(path)) {
+        const SourceLocation where = keymap.errorLocation();
+        impl.addProblem(where, keymap.errorString().mid(where.toString().size() + 2));
+        return false;
+    }
+    conflicts.addKeymap(keymap);
+    return true;
+}
+
+bool addCatalogueFile(KeyConflicts& conflicts, KeyConflictsImpl& impl, const QString& path, bool ui)
+{
+    CatalogueScanner scanner(conflicts);
+    const bool read = ui ? scanner.scanUi(path) : scanner.scanTemplates(path);
+    if (!read)
+        impl.addProblem(scanner.problemAt, scanner.problem);
+    return read;
 }
 
 } // namespace
@@ -91,6 +163,11 @@ void KeyConflicts::addAliases(const QMap<QString, QString>& aliases)
         addAlias(alias.key(), alias.value());
 }
 
+void KeyConflicts::addAliases(const AliasTable& table)
+{
+    addAliasTable(*this, table, QStringList());
+}
+
 void KeyConflicts::addKeymap(const Keymap& keymap)
 {
     const QStringList actions = keymap.actionNames();
@@ -103,24 +180,13 @@ bool KeyConflicts::addFile(const QString& path)
     const SourceLocation file{path, 0, 0};
     d->noteFile(file);
     const QString suffix = QFileInfo(path).suffix();
-    if (suffix == QLatin1String("keymap")) {
-        Keymap keymap;
-        if (!keymap.load(path)) {
-            const QString place = keymap.errorLocation().toString();
-            d->addProblem(keymap.errorLocation(), keymap.errorString().mid(place.size() + 2));
-            return false;
-        }
-        addKeymap(keymap);
-        return true;
-    }
-    CatalogueScanner scanner(*this);
-    if (suffix == QLatin1String("xcui") || suffix == QLatin1String("tcmd")) {
-        const bool read = suffix == QLatin1String("xcui") ? scanner.scanUi(path) : scanner.scanTemplates(path);
-        if (!read)
-            d->addProblem(scanner.problemAt, scanner.problem);
-        return read;
-    }
-    d->addProblem(file, QStringLiteral("not a file to check (.xcui, .tcmd or .keymap)"));
+    if (suffix == QLatin1String("keymap"))
+        return addKeymapFile(*this, *d, path);
+    if (suffix == QLatin1String("aliases"))
+        return addAliasFile(*this, *d, path);
+    if (suffix == QLatin1String("xcui") || suffix == QLatin1String("tcmd"))
+        return addCatalogueFile(*this, *d, path, suffix == QLatin1String("xcui"));
+    d->addProblem(file, QStringLiteral("not a file to check (.xcui, .tcmd, .aliases or .keymap)"));
     return false;
 }
 

@@ -148,12 +148,16 @@ void KeyConflictsImpl::checkPrefixes(const QList<Binding>& active, QList<KeyFind
 
 void KeyConflictsImpl::checkTypedLetters(const QList<Binding>& active, QList<KeyFinding>& findings) const
 {
-    // Typed names by their first character, each name once whatever its case.
+    // Typed names in order, each once whatever its case, spelt as first given.
     QMap<QString, QString> typed;
+    auto addTyped = [&typed](const QString& name) {
+        if (!typed.contains(name.toLower()))
+            typed.insert(name.toLower(), name);
+    };
     for (const Named& command : commands)
-        typed.insert(command.name.toLower(), command.name);
+        addTyped(command.name);
     for (const Alias& alias : aliases)
-        typed.insert(alias.alias.toLower(), alias.alias);
+        addTyped(alias.alias);
     for (const Binding& binding : active) {
         const QChar letter = KeyText::typedCharacter(binding.shortcut);
         if (letter.isNull())
