@@ -27,6 +27,8 @@ private slots:
     void malformedFileIsRefusedWhole_data();
     void malformedFileIsRefusedWhole();
     void missingFileIsRefused();
+    void readerAgreesWithSchema_data();
+    void readerAgreesWithSchema();
     void saveToDirectoryFails();
     void saveLeavesNoTemporaryFile();
     void applySetsShortcutsAndClonesFollow();
@@ -228,6 +230,27 @@ void tst_Keymap::missingFileIsRefused()
     QVERIFY(!keymap.load(path));
     QVERIFY2(keymap.errorString().startsWith(path + QStringLiteral(": cannot read: ")), qPrintable(keymap.errorString()));
     QCOMPARE(keymap.errorLocation(), (SourceLocation{path, 0, 0}));
+}
+
+void tst_Keymap::readerAgreesWithSchema_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("valid");
+    for (const bool valid : {true, false}) {
+        const QDir dir(QStringLiteral(CS_SCHEMA_SAMPLES_DIR) + (valid ? QStringLiteral("/valid") : QStringLiteral("/invalid")));
+        const QStringList files = dir.entryList({QStringLiteral("*.keymap")}, QDir::Files, QDir::Name);
+        QVERIFY(files.size() >= 3);
+        for (const QString& file : files)
+            QTest::newRow(qPrintable(file)) << dir.filePath(file) << valid;
+    }
+}
+
+void tst_Keymap::readerAgreesWithSchema()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, valid);
+    Keymap keymap;
+    QCOMPARE(keymap.load(path), valid);
 }
 
 void tst_Keymap::saveToDirectoryFails()
