@@ -34,6 +34,8 @@
 #include <CommandSystem/ShortcutScheme.h>
 #include <CommandSystem/SourceLocation.h>
 
+#include <CommandSystem/CommandPalette.h>
+#include <CommandSystem/CommandSearchModel.h>
 #include <CommandSystem/NameMatcher.h>
 
 #include <CommandSystem/AliasTable.h>
