@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QStandardPaths>
+#include <QTest>
 
 #include <cstdio>
 #include <memory>
@@ -29,7 +31,11 @@ int main(int argc, char* argv[])
     const QCommandLineOption catalogue(QStringLiteral("catalogue"),
                                        QStringLiteral("Read templates/ and ui/ from <folder>."),
                                        QStringLiteral("folder"), QStringLiteral(SKETCHPAD_CATALOGUE_DIR));
-    parser.addOptions({script, screenshot, catalogue});
+    const QCommandLineOption keymap(QStringLiteral("keymap"),
+                                    QStringLiteral("Read and save your shortcuts in <file> (default: shortcuts.keymap "
+                                                   "in the settings folder)."),
+                                    QStringLiteral("file"));
+    parser.addOptions({script, screenshot, catalogue, keymap});
     parser.process(app);
 
     const QString folder = parser.value(catalogue);
@@ -38,11 +44,19 @@ int main(int argc, char* argv[])
         return 2;
     }
     MainWindow window(folder);
+    window.loadUserKeymap(parser.isSet(keymap)
+                              ? parser.value(keymap)
+                              : QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+                                    .filePath(QStringLiteral("shortcuts.keymap")));
     window.resize(1280, 820);
     window.show();
 
     std::unique_ptr<ScriptRunner> runner;
     if (parser.isSet(script) || parser.isSet(screenshot)) {
+        // Scripted keys reach shortcuts only once the window is active, as a user's do.
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            std::fprintf(stderr, "sketchpad: the window did not become active; scripted shortcuts may not fire\n");
         runner = std::make_unique<ScriptRunner>(&window, parser.value(script), parser.value(screenshot));
         if (!runner->start())
             return 2;
