@@ -46,6 +46,7 @@ class TemplatePool;
 class COMMANDSYSTEM_EXPORT CommandSearchModel : public QAbstractTableModel
 {
     Q_OBJECT
+    /** The query that the rows match; see setQuery(). */
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
 
 public:
