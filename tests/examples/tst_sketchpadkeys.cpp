@@ -1,3 +1,5 @@
+#include "TestFiles.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -28,7 +30,6 @@ private:
     Run run(const QString& script, const QStringList& arguments = QStringList());
     QString write(const QString& name, const QByteArray& content);
     static int indexOf(const QStringList& lines, const QString& line, int from = 0);
-    static QByteArray read(const QString& path);
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };
@@ -61,11 +62,7 @@ tst_SketchpadKeys::Run tst_SketchpadKeys::run(const QString& script, const QStri
 
 QString tst_SketchpadKeys::write(const QString& name, const QByteArray& content)
 {
-    const QString path = m_dir->filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        return QString();
-    return path;
+    return TestFiles::write(QDir(m_dir->path()), name, content);
 }
 
 int tst_SketchpadKeys::indexOf(const QStringList& lines, const QString& line, int from)
@@ -75,12 +72,6 @@ int tst_SketchpadKeys::indexOf(const QStringList& lines, const QString& line, in
             return i;
     }
     return -1;
-}
-
-QByteArray tst_SketchpadKeys::read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void tst_SketchpadKeys::paletteStartsTheRectangle()
@@ -160,7 +151,7 @@ void tst_SketchpadKeys::dialogRefusesAConflictAndSavesAChange()
                                       indexOf(result.out, QStringLiteral("script key Escape"))) + 1),
              QStringLiteral("issued rectangle"));
     QVERIFY(result.out.contains(QStringLiteral("entity #1 rectangle layer=0 width=0.25 0,0 4,0 4,4 0,4")));
-    QCOMPARE(read(keymap), QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    QCOMPARE(TestFiles::read(keymap), QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                       "<keymap version=\"1\">\n"
                                       "    <shortcut action=\"ID_DRAW_GONE\">F4</shortcut>\n"
                                       "    <shortcut action=\"ID_DRAW_RECTANGLE\">Ctrl+Shift+R</shortcut>\n"
@@ -172,7 +163,7 @@ void tst_SketchpadKeys::settingsFolderHoldsTheKeymap()
     const Run first = run(QStringLiteral("key Ctrl+Alt+K\ntext polyline\nkey Return\nkey F6\npause 1300\nkey Escape\n"));
     QVERIFY2(first.exitCode == 0, qPrintable(first.out.join(QLatin1Char('\n')) + first.err));
     const QString saved = m_dir->filePath(QStringLiteral("config/Sketchpad/shortcuts.keymap"));
-    QVERIFY2(read(saved).contains("<shortcut action=\"ID_DRAW_POLYLINE\">F6</shortcut>"), qPrintable(QString::fromUtf8(read(saved))));
+    QVERIFY2(TestFiles::read(saved).contains("<shortcut action=\"ID_DRAW_POLYLINE\">F6</shortcut>"), qPrintable(QString::fromUtf8(TestFiles::read(saved))));
     const Run second = run(QStringLiteral("key F6\n"));
     QVERIFY2(second.exitCode == 0, qPrintable(second.out.join(QLatin1Char('\n')) + second.err));
     QCOMPARE(second.out.value(indexOf(second.out, QStringLiteral("script key F6")) + 1), QStringLiteral("issued polyline"));

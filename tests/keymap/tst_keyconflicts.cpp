@@ -1,3 +1,5 @@
+#include "TestFiles.h"
+
 #include <CommandSystem/Action.h>
 #include <CommandSystem/ActionPool.h>
 #include <CommandSystem/AliasTable.h>
@@ -62,23 +64,11 @@ private slots:
     void fileProblems();
     void findingText_data();
     void findingText();
-
-private:
-    static QString write(const QDir& dir, const QString& name, const QByteArray& content);
 };
 
 void tst_KeyConflicts::cleanup()
 {
     setPlatformHooks(PlatformHooks());
-}
-
-QString tst_KeyConflicts::write(const QDir& dir, const QString& name, const QByteArray& content)
-{
-    const QString path = dir.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        return QString();
-    return path;
 }
 
 void tst_KeyConflicts::nothingToReport()
@@ -297,7 +287,7 @@ void tst_KeyConflicts::liveActionsOfAPool()
 void tst_KeyConflicts::templatesAndAliasTable()
 {
     QTemporaryDir dir;
-    const QString path = write(QDir(dir.path()), QStringLiteral("erase.tcmd"),
+    const QString path = TestFiles::write(QDir(dir.path()), QStringLiteral("erase.tcmd"),
                                "<templates><template name=\"erase\"><parameters>"
                                "<parameter luid=\"1\" type=\"entity\"><property name=\"options\">a:All;A:Again</property></parameter>"
                                "<parameter luid=\"2\" type=\"option\"><property name=\"options\">y:Yes;n:No</property></parameter>"
@@ -325,7 +315,7 @@ void tst_KeyConflicts::filesGiveEachFindingItsPlace()
     QTemporaryDir temporary;
     QVERIFY(QDir::setCurrent(temporary.path()));
     const QDir dir(temporary.path());
-    write(dir, QStringLiteral("home.xcui"),
+    TestFiles::write(dir, QStringLiteral("home.xcui"),
           "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
           "<Actions name=\"Vexa\" version=\"1700\">\n"
           "    <Action name=\"ID_LINE\" type=\"plain\"><Script>line</Script></Action>\n"
@@ -334,7 +324,7 @@ void tst_KeyConflicts::filesGiveEachFindingItsPlace()
           "    </Action>\n"
           "    <Action name=\"ID_COPY\" type=\"plain\"><Script>copy</Script></Action>\n"
           "</Actions>\n");
-    write(dir, QStringLiteral("edit.tcmd"),
+    TestFiles::write(dir, QStringLiteral("edit.tcmd"),
           "<templates>\n"
           "  <template name=\"move\">\n"
           "    <parameters>\n"
@@ -344,13 +334,13 @@ void tst_KeyConflicts::filesGiveEachFindingItsPlace()
           "    </parameters>\n"
           "  </template>\n"
           "</templates>\n");
-    write(dir, QStringLiteral("commands.aliases"), "l line\n\n   copy  move\n");
-    write(dir, QStringLiteral("default.keymap"),
+    TestFiles::write(dir, QStringLiteral("commands.aliases"), "l line\n\n   copy  move\n");
+    TestFiles::write(dir, QStringLiteral("default.keymap"),
           "<keymap version=\"1\">\n"
           "  <shortcut action=\"ID_LINE\">Ctrl+L</shortcut>\n"
           "  <shortcut action=\"ID_LAYER\">Ctrl+Shift+L</shortcut>\n"
           "</keymap>\n");
-    write(dir, QStringLiteral("user.keymap"),
+    TestFiles::write(dir, QStringLiteral("user.keymap"),
           "<keymap version=\"1\">\n"
           "    <shortcut action=\"ID_COPY\">Ctrl+L</shortcut>\n"
           "    <shortcut action=\"ID_OLD\">F4</shortcut>\n"
@@ -374,13 +364,13 @@ void tst_KeyConflicts::actionLeftOutByMinWinVerIsDisabled()
     setPlatformHooks(hooks);
     QTemporaryDir temporary;
     const QDir dir(temporary.path());
-    const QString ui = write(dir, QStringLiteral("a.xcui"),
+    const QString ui = TestFiles::write(dir, QStringLiteral("a.xcui"),
                              "<Actions>"
                              "<Action name=\"ID_NEW\"><MinWinVer>9.0</MinWinVer><Script>new</Script></Action>"
                              "<Action name=\"ID_OLD\"><MinWinVer>5.1</MinWinVer></Action>"
                              "<Action name=\"ID_ANY\"/>"
                              "</Actions>");
-    const QString keymap = write(dir, QStringLiteral("a.keymap"),
+    const QString keymap = TestFiles::write(dir, QStringLiteral("a.keymap"),
                                  "<keymap><shortcut action=\"ID_NEW\">F2</shortcut>"
                                  "<shortcut action=\"ID_OLD\">F2</shortcut>"
                                  "<shortcut action=\"ID_ANY\">F3</shortcut></keymap>");
@@ -421,7 +411,7 @@ void tst_KeyConflicts::fileProblems()
     QFETCH(QString, expected);
     QTemporaryDir temporary;
     QVERIFY(QDir::setCurrent(temporary.path()));
-    write(QDir(temporary.path()), name, content);
+    TestFiles::write(QDir(temporary.path()), name, content);
     KeyConflicts conflicts;
     QVERIFY(!conflicts.addFile(name));
     const QList<KeyFinding> findings = conflicts.findings();

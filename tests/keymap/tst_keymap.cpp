@@ -1,3 +1,5 @@
+#include "TestFiles.h"
+
 #include <CommandSystem/Action.h>
 #include <CommandSystem/ActionPool.h>
 #include <CommandSystem/Keymap.h>
@@ -34,26 +36,7 @@ private slots:
     void applySetsShortcutsAndClonesFollow();
     void applyLooksActionsUpByExactName();
     void copiesAreIndependent();
-
-private:
-    static QString writeFile(const QDir& dir, const QString& name, const QByteArray& content);
-    static QByteArray readFile(const QString& path);
 };
-
-QString tst_Keymap::writeFile(const QDir& dir, const QString& name, const QByteArray& content)
-{
-    const QString path = dir.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        return QString();
-    return path;
-}
-
-QByteArray tst_Keymap::readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 void tst_Keymap::emptyKeymap()
 {
@@ -95,7 +78,7 @@ void tst_Keymap::saveWritesEntriesInNameOrder()
     const QString path = dir.filePath(QStringLiteral("user.keymap"));
     QVERIFY(keymap.save(path));
     QVERIFY(keymap.errorString().isEmpty());
-    QCOMPARE(readFile(path),
+    QCOMPARE(TestFiles::read(path),
              QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                         "<keymap version=\"1\">\n"
                         "    <shortcut action=\"ID_LINE\">Ctrl+Shift+L</shortcut>\n"
@@ -129,7 +112,7 @@ void tst_Keymap::saveAndLoadRoundTrip()
 void tst_Keymap::loadRemembersWhereEachEntryWas()
 {
     QTemporaryDir dir;
-    const QString path = writeFile(QDir(dir.path()), QStringLiteral("where.keymap"),
+    const QString path = TestFiles::write(QDir(dir.path()), QStringLiteral("where.keymap"),
                                    "<?xml version=\"1.0\"?>\n"
                                    "<!-- mine -->\n"
                                    "<keymap version=\"1\">\n"
@@ -153,7 +136,7 @@ void tst_Keymap::loadRemembersWhereEachEntryWas()
 void tst_Keymap::loadAcceptsSchemaLocation()
 {
     QTemporaryDir dir;
-    const QString path = writeFile(QDir(dir.path()), QStringLiteral("schema.keymap"),
+    const QString path = TestFiles::write(QDir(dir.path()), QStringLiteral("schema.keymap"),
                                    "<keymap xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"\n"
                                    "        xsi:noNamespaceSchemaLocation=\"keymap.xsd\" version=\"1\">\n"
                                    "    <shortcut action=\"ID_A\" xsi:type=\"xs:string\">a</shortcut>\n"
@@ -183,7 +166,7 @@ void tst_Keymap::keyTexts()
     QFETCH(QString, text);
     QFETCH(QString, written);
     QTemporaryDir dir;
-    const QString path = writeFile(QDir(dir.path()), QStringLiteral("keys.keymap"),
+    const QString path = TestFiles::write(QDir(dir.path()), QStringLiteral("keys.keymap"),
                                    "<keymap><shortcut action=\"ID_A\">" + text.toUtf8() + "</shortcut></keymap>");
     Keymap keymap;
     QVERIFY2(keymap.load(path), qPrintable(keymap.errorString()));
@@ -206,7 +189,7 @@ void tst_Keymap::malformedFileIsRefusedWhole()
 {
     QFETCH(QString, name);
     const QDir dir(QStringLiteral(CS_TEST_DATA_DIR "/malformed"));
-    const QString expected = QString::fromUtf8(readFile(dir.filePath(name + QStringLiteral(".expected")))).trimmed();
+    const QString expected = QString::fromUtf8(TestFiles::read(dir.filePath(name + QStringLiteral(".expected")))).trimmed();
     QVERIFY(!expected.isEmpty());
     const QString saved = QDir::currentPath();
     QVERIFY(QDir::setCurrent(dir.path()));
@@ -271,7 +254,7 @@ void tst_Keymap::saveToDirectoryFails()
 void tst_Keymap::saveLeavesNoTemporaryFile()
 {
     QTemporaryDir dir;
-    const QString path = writeFile(QDir(dir.path()), QStringLiteral("user.keymap"), "old");
+    const QString path = TestFiles::write(QDir(dir.path()), QStringLiteral("user.keymap"), "old");
     Keymap keymap;
     keymap.setShortcut(QStringLiteral("ID_A"), QKeySequence(QStringLiteral("F1")));
     QVERIFY(keymap.save(path));

@@ -1,8 +1,11 @@
+#include "TestFiles.h"
+
 #include <CommandSystem/Action.h>
 #include <CommandSystem/ActionPool.h>
 #include <CommandSystem/Keymap.h>
 #include <CommandSystem/ShortcutScheme.h>
 
+#include <QDir>
 #include <QFile>
 #include <QIcon>
 #include <QPixmap>
@@ -65,11 +68,7 @@ void tst_ShortcutScheme::init()
 
 QString tst_ShortcutScheme::write(const QString& name, const QByteArray& content)
 {
-    const QString path = m_dir->filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        return QString();
-    return path;
+    return TestFiles::write(QDir(m_dir->path()), name, content);
 }
 
 std::unique_ptr<ActionPool> tst_ShortcutScheme::catalogue(const QStringList& names)
