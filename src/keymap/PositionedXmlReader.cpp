@@ -13,10 +13,12 @@ PositionedXmlReader::PositionedXmlReader(const QByteArray& content, const QStrin
 
 // A token starts where the one before it ended, with two exceptions: reading text has already
 // consumed the "<" after it, and white space outside the root element is no token at all.
+// Positions are counted in the document read as UTF-8; a document in another encoding may have
+// other offsets, which must still stay inside it.
 QXmlStreamReader::TokenType PositionedXmlReader::readNextToken()
 {
     start = characterOffset();
-    if (isCharacters() && start > 0 && document.at(int(start) - 1) == QLatin1Char('<'))
+    if (isCharacters() && start > 0 && start <= document.size() && document.at(int(start) - 1) == QLatin1Char('<'))
         --start;
     const TokenType type = readNext();
     if (type != Characters) {

@@ -9,7 +9,8 @@
 CS_BEGIN_NAMESPACE
 
 // A stream reader over a whole document that also knows where each token starts, as line and
-// column from 1. QXmlStreamReader only tells where the token last read ends.
+// column from 1. QXmlStreamReader only tells where the token last read ends. Keymaps and
+// catalogue files are UTF-8; in a document in another encoding the places may be off.
 class PositionedXmlReader : public QXmlStreamReader
 {
 public:
