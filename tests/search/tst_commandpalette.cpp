@@ -20,6 +20,7 @@ class tst_CommandPalette : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void openFocusesAnEmptyQuery();
@@ -45,6 +46,12 @@ private:
     std::unique_ptr<QSignalSpy> m_activated;
     int m_hostEscapes = 0;
 };
+
+// The signal names the type as moc sees it, without namespace.
+void tst_CommandPalette::initTestCase()
+{
+    qRegisterMetaType<Action*>("Action*");
+}
 
 void tst_CommandPalette::init()
 {
