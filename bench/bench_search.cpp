@@ -53,14 +53,24 @@ Corpus& corpus()
     return instance;
 }
 
-const char* const queries[][2] = {
-    {"one_letter", "f"},
-    {"word_prefix", "fill"},
-    {"initials", "zw"},
-    {"subsequence", "chmfr"},
-    {"exact_name", "ID_CHAMFER_4999"},
-    {"no_match", "xyzzy"},
+struct Query {
+    std::string name;
+    QString text;
 };
+
+// Typical queries; the exact one is the name of the pool's last action.
+const std::vector<Query>& queries()
+{
+    static const std::vector<Query> list = {
+        {"one_letter", QStringLiteral("f")},
+        {"word_prefix", QStringLiteral("fill")},
+        {"initials", QStringLiteral("dts")},
+        {"subsequence", QStringLiteral("chmfr")},
+        {"exact_name", corpus().pool.actions().last()->name()},
+        {"no_match", QStringLiteral("xyzzy")},
+    };
+    return list;
+}
 
 // The model is asked for the query, then set back to showing everything outside the timing,
 // so that every round ranks the whole pool.
@@ -113,9 +123,9 @@ void containsScan(benchmark::State& state, const QString& query)
 
 void registerBenchmarks()
 {
-    for (const auto& query : queries) {
-        const std::string name = query[0];
-        const QString text = QString::fromLatin1(query[1]);
+    for (const Query& query : queries()) {
+        const std::string& name = query.name;
+        const QString text = query.text;
         benchmark::RegisterBenchmark(("query_5000_" + name).c_str(),
                                      [text](benchmark::State& state) { searchQuery(state, text); })
             ->Unit(benchmark::kMicrosecond);
@@ -129,12 +139,10 @@ std::vector<CsBench::Comparison> comparisons()
 {
     using namespace CsBench;
     std::vector<Comparison> rows;
-    for (const auto& query : queries) {
-        const std::string name = query[0];
-        rows.push_back({"CommandSearchModel::setQuery(\"" + std::string(query[1])
-                            + "\"), 5,000 actions (target: under 2 ms)",
-                        {"query_5000_" + name}, {"anchor/contains_scan_5000_" + name}, Unit::Time,
-                        Goal::Report, 0});
+    for (const Query& query : queries()) {
+        rows.push_back({"setQuery(\"" + query.text.toStdString() + "\") over 5,000 actions, target < 2 ms",
+                        {"query_5000_" + query.name}, {"anchor/contains_scan_5000_" + query.name},
+                        Unit::Time, Goal::Report, 0});
     }
     return rows;
 }
