@@ -2,23 +2,17 @@
 # put into the test prefix: the same files, installed under /usr, with the dependencies that
 # dpkg-shlibdeps found.
 #   cmake -DCONFIG=.../CPackConfig.cmake -DOUTPUT=... -DPREFIX=... -P DebianPackage.cmake
-function(run what)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${what} failed (${result}):\n${output}${errors}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/RunChecked.cmake)
 
 file(REMOVE_RECURSE ${OUTPUT})
-run("cpack" ${CMAKE_CPACK_COMMAND} -G DEB --config ${CONFIG} -B ${OUTPUT})
+run_checked("cpack" ${CMAKE_CPACK_COMMAND} -G DEB --config ${CONFIG} -B ${OUTPUT})
 file(GLOB packages ${OUTPUT}/*.deb)
 list(LENGTH packages count)
 if(NOT count EQUAL 1)
     message(FATAL_ERROR "Expected one .deb in ${OUTPUT}, found: ${packages}")
 endif()
 
-run("dpkg-deb --contents" dpkg-deb --contents ${packages})
+run_checked("dpkg-deb --contents" dpkg-deb --contents ${packages})
 string(REGEX MATCHALL "\\./usr/[^\n]*[^/\n]\n" entries "${output}")
 set(packaged "")
 foreach(entry IN LISTS entries)
@@ -35,7 +29,7 @@ if(NOT packaged STREQUAL installed)
 endif()
 list(LENGTH packaged files)
 
-run("dpkg-deb --field" dpkg-deb --field ${packages} Package Version Depends)
+run_checked("dpkg-deb --field" dpkg-deb --field ${packages} Package Version Depends)
 if(NOT output MATCHES "Depends:[^\n]*libqt")
     message(FATAL_ERROR "The package does not depend on Qt's libraries:\n${output}")
 endif()

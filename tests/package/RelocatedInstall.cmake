@@ -2,18 +2,12 @@
 # must find the library beside itself, the schemas must be in share/, and a program built
 # with the pkg-config file alone must link and run.
 #   cmake -DPREFIX=... -DMOVED=... -DLIBDIR=... -DEXAMPLES=... -DCONSUMER=... -DCXX=... -P RelocatedInstall.cmake
-function(run what)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${what} failed (${result}):\n${output}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/RunChecked.cmake)
 
 file(REMOVE_RECURSE ${MOVED})
 file(COPY ${PREFIX}/ DESTINATION ${MOVED})
 
-run("ldd of the moved cstool" ldd ${MOVED}/bin/cstool)
+run_checked("ldd of the moved cstool" ldd ${MOVED}/bin/cstool)
 string(REGEX MATCH "libCommandSystem[^ ]* => ([^ ]+)" found "${output}")
 get_filename_component(loaded "${CMAKE_MATCH_1}" REALPATH)
 get_filename_component(beside "${MOVED}/${LIBDIR}" REALPATH)
@@ -22,7 +16,7 @@ if(NOT loaded_from STREQUAL beside)
     message(FATAL_ERROR "The moved cstool does not load the library beside it:\n${output}")
 endif()
 set(ENV{QT_QPA_PLATFORM} offscreen)
-run("the moved cstool" ${MOVED}/bin/cstool validate --werror ${EXAMPLES}/templates ${EXAMPLES}/ui)
+run_checked("the moved cstool" ${MOVED}/bin/cstool validate --werror ${EXAMPLES}/templates ${EXAMPLES}/ui)
 message(STATUS "moved cstool: ${output}")
 
 foreach(schema tcmd xcui map)
@@ -32,7 +26,7 @@ foreach(schema tcmd xcui map)
 endforeach()
 
 set(ENV{PKG_CONFIG_PATH} ${MOVED}/${LIBDIR}/pkgconfig)
-run("pkg-config" pkg-config --cflags --libs CommandSystem)
+run_checked("pkg-config" pkg-config --cflags --libs CommandSystem)
 string(STRIP "${output}" flags)
 string(FIND "${flags}" "-I${MOVED}/" into_moved)
 if(into_moved LESS 0)
@@ -40,9 +34,9 @@ if(into_moved LESS 0)
 endif()
 separate_arguments(flags UNIX_COMMAND "${flags}")
 set(program ${MOVED}/pkgconfig-consumer)
-run("building with pkg-config" ${CXX} -std=c++17 -fPIC ${CONSUMER} -o ${program} ${flags}
+run_checked("building with pkg-config" ${CXX} -std=c++17 -fPIC ${CONSUMER} -o ${program} ${flags}
     -Wl,-rpath,${MOVED}/${LIBDIR})
-run("the pkg-config consumer" ${program})
+run_checked("the pkg-config consumer" ${program})
 if(NOT output MATCHES "ran line from the installed package")
     message(FATAL_ERROR "The pkg-config consumer did not run as expected: ${output}")
 endif()
