@@ -152,7 +152,7 @@ void tst_KeysCommand::usageErrors_data()
     QTest::addColumn<QString>("message");
     QTest::newRow("no file") << QStringList() << "cstool keys: no FILE given";
     QTest::newRow("missing file") << QStringList{QStringLiteral("nothing.keymap")} << "cstool keys: nothing.keymap: no such file or directory";
-    QTest::newRow("other suffix") << QStringList{QStringLiteral("commands.txt")} << "cstool keys: commands.txt: not a .xcui or .tcmd or .aliases or .keymap file";
+    QTest::newRow("other suffix") << QStringList{QStringLiteral("commands.txt")} << "cstool keys: commands.txt: not a .xcui, .tcmd, .aliases or .keymap file";
 }
 
 void tst_KeysCommand::usageErrors()
