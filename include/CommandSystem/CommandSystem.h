@@ -31,5 +31,7 @@
 #include <CommandSystem/NameMatcher.h>
 
 #include <CommandSystem/AliasTable.h>
+#include <CommandSystem/InputAnswer.h>
+#include <CommandSystem/InputGrammar.h>
 
 #endif
