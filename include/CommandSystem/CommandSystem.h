@@ -33,5 +33,7 @@
 #include <CommandSystem/AliasTable.h>
 #include <CommandSystem/InputAnswer.h>
 #include <CommandSystem/InputGrammar.h>
+#include <CommandSystem/InputPicker.h>
+#include <CommandSystem/InputSession.h>
 
 #endif
