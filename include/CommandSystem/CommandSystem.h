@@ -35,5 +35,6 @@
 #include <CommandSystem/InputGrammar.h>
 #include <CommandSystem/InputPicker.h>
 #include <CommandSystem/InputSession.h>
+#include <CommandSystem/InputTranscript.h>
 
 #endif
