@@ -31,6 +31,7 @@
 #include <CommandSystem/NameMatcher.h>
 
 #include <CommandSystem/AliasTable.h>
+#include <CommandSystem/CommandLineModel.h>
 #include <CommandSystem/InputAnswer.h>
 #include <CommandSystem/InputGrammar.h>
 #include <CommandSystem/InputPicker.h>
