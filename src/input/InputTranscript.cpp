@@ -1,11 +1,10 @@
 #include <CommandSystem/InputTranscript.h>
 
 #include "input/InputTranscriptImpl.h"
+#include "input/TextFile.h"
 
-#include <CommandSystem/InputGrammar.h>
 #include <CommandSystem/InputSession.h>
 
-#include <QFile>
 #include <QLocale>
 #include <QSaveFile>
 
@@ -146,12 +145,13 @@ bool InputTranscript::save(const QString& filePath, QString* error) const
 
 bool InputTranscript::load(const QString& filePath)
 {
-    QFile file(filePath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        d->errors.append(QStringLiteral("%1: cannot read the file: %2").arg(filePath, file.errorString()));
+    QString text;
+    QString error;
+    if (!TextFile::read(filePath, &text, &error)) {
+        d->errors.append(error);
         return false;
     }
-    return loadText(QString::fromUtf8(file.readAll()), filePath);
+    return loadText(text, filePath);
 }
 
 bool InputTranscript::loadText(const QString& text, const QString& fileName)

@@ -1,4 +1,5 @@
 #include "input/InputTranscriptImpl.h"
+#include "input/TextFile.h"
 
 #include <CommandSystem/InputGrammar.h>
 
@@ -87,14 +88,10 @@ QString readValue(const QString& kind, const QString& value, InputAnswer* step)
 
 bool InputTranscriptImpl::read(const QString& text, const QString& fileName)
 {
-    QStringList lines = text.split(QLatin1Char('\n'));
-    if (!lines.isEmpty() && lines.first().startsWith(QChar(0xFEFF)))
-        lines.first().remove(0, 1);
+    const QStringList lines = TextFile::lines(text);
     const int errorsBefore = errors.size();
     for (int i = 0; i < lines.size(); ++i) {
-        QString line = lines[i];
-        if (line.endsWith(QLatin1Char('\r')))
-            line.chop(1);
+        const QString& line = lines[i];
         const QString trimmed = line.trimmed();
         if (trimmed.isEmpty() || trimmed.startsWith(QLatin1Char('#')))
             continue;
