@@ -8,6 +8,7 @@ packages=(
     qt6-base-dev qt6-base-dev-tools qt6-l10n-tools
     qtbase5-dev qtbase5-dev-tools qttools5-dev-tools
     libboost-dev libbenchmark-dev libxml2-utils
+    doxygen dpkg-dev pkgconf
 )
 
 missing=()

@@ -9,16 +9,27 @@ CS_BEGIN_NAMESPACE
 
 class Command;
 
-// Makes commands on demand for names that no registered command carries.
+/**
+ * Makes commands on demand for names that no command registered with CommandManager carries.
+ *
+ * The host subclasses it and attaches it with CommandManager::attachCommandFactory(). The
+ * manager does not take ownership and does not remember what a factory makes.
+ */
 class COMMANDSYSTEM_EXPORT CommandFactory : public QObject
 {
     Q_OBJECT
 
 public:
+    /** Makes a factory without a parent. */
     CommandFactory();
+    /** Destroys the factory; detach it from every manager first. */
     ~CommandFactory() override;
 
-    // A new command for name, or null when this factory does not make that name.
+    /**
+     * Returns a command for \a name, or null when this factory does not make that name. The
+     * command belongs to the caller of CommandManager::command() (or, once posted, to a pipe's
+     * deletion rule); every call may make a new object.
+     */
     virtual Command* createCommand(const QString& name) = 0;
 };
 

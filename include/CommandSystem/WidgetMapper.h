@@ -12,17 +12,27 @@ CS_BEGIN_NAMESPACE
 
 class ActionImpl;
 
-// Collects the widgets made for an action of type "widget"; subclasses wire them to the host.
+/**
+ * Collects the widgets made for an action of type "widget"; subclasses override map() to wire
+ * each widget to the host.
+ *
+ * Action::clone() makes one per action through Builder::createMapper() and hands it every
+ * widget it makes: map() first, then the widget joins widgets(). Its lifetime is decided by the
+ * Factory that made it (through the parent it gave). Threads: GUI thread only.
+ */
 class COMMANDSYSTEM_EXPORT WidgetMapper : public QObject
 {
     Q_OBJECT
 
 public:
+    /** Makes a mapper with the Qt \a parent. */
     explicit WidgetMapper(QObject* parent);
+    /** Destroys the mapper; the widgets are not touched. */
     ~WidgetMapper() override;
 
+    /** Hook for subclasses to wire the new \a widget to the host; does nothing here. */
     virtual void map(QWidget* widget);
-    // The mapped widgets that are still alive, in mapping order.
+    /** The mapped widgets that are still alive, in mapping order. */
     QList<QWidget*> widgets() const;
 
 private:

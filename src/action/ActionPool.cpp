@@ -93,9 +93,12 @@ bool ActionPool::save(const QString& path)
         ActionPoolImpl::writeAction(writer, *entry.second);
     writer.writeEndElement();
     writer.writeEndDocument();
-    const bool written = !writer.hasError() && file.commit();
-    // Inverted on purpose: true means the file was opened and writing it failed.
-    return !written;
+    // Inverted on purpose: true means the file was opened and writing it failed. A target that
+    // cannot be created shows only when the temporary takes its name; that is a file that
+    // could not be opened.
+    if (writer.hasError())
+        return true;
+    return !file.commit() && !file.targetRefused();
 }
 
 Action* ActionPool::insertAction(const QString& name)

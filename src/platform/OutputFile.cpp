@@ -42,6 +42,13 @@ bool OutputFile::commit()
     return flushed && directFile.error() == QFileDevice::NoError;
 }
 
+// The temporary is written without a name of its own; only giving it the target's name fails
+// with a rename error.
+bool OutputFile::targetRefused() const
+{
+    return file == &saveFile && saveFile.error() == QFileDevice::RenameError;
+}
+
 QString OutputFile::errorString() const
 {
     return file->errorString();

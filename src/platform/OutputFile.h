@@ -21,6 +21,9 @@ public:
     QIODevice* device();
     // Finishes the write; false when any part of it failed. Without it nothing is replaced.
     bool commit();
+    // After a failed commit: true when all was written but the file could not take its name
+    // (a name too long, say), so that the target itself could never have been opened.
+    bool targetRefused() const;
     QString errorString() const;
 
 private:

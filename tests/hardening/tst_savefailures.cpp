@@ -83,6 +83,8 @@ private slots:
     void saveMapFailingPartWayKeepsTheEarlierFile();
     void actionPoolSaveFailingPartWayKeepsTheEarlierFile();
     void targetInMissingDirectory();
+    void nameThatCannotBeCreated_data();
+    void nameThatCannotBeCreated();
     void directoryAsTarget();
     void deviceIsWrittenDirectlyAndNeverReplaced_data();
     void deviceIsWrittenDirectlyAndNeverReplaced();
@@ -156,6 +158,40 @@ void tst_SaveFailures::targetInMissingDirectory()
     fill(pool, 1);
     QVERIFY(!pool.save(directory.filePath(QStringLiteral("missing/ui.xcui"))));
     QVERIFY(!QFileInfo::exists(directory.filePath(QStringLiteral("missing"))));
+}
+
+// The temporary beside the target is opened without a name of its own, so such a target shows
+// only when the finished temporary is to take its name: that is still a file that cannot be
+// opened.
+void tst_SaveFailures::nameThatCannotBeCreated_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::newRow("longer than a file name may be") << 300;
+    QTest::newRow("70,000 characters") << 70000;
+}
+
+void tst_SaveFailures::nameThatCannotBeCreated()
+{
+    QFETCH(int, length);
+    QTemporaryDir directory;
+    const QString target = directory.filePath(QString(length, QLatin1Char('n')) + QStringLiteral(".xcui"));
+    ActionPool pool;
+    fill(pool, 50);
+    QVERIFY(!pool.save(target));   // false: could not be opened
+    QVERIFY(!QFileInfo::exists(target));
+    QCOMPARE(filesIn(directory.path()), QStringList());
+
+    TemplateTools tools;
+    OutputCapture capture;
+    QVERIFY(!tools.saveMap(target, {{QStringLiteral("a"), QStringLiteral("/a.tcmd")}}));
+    const QByteArray printed = capture.standardOutput();
+    QVERIFY2(printed.startsWith("Can not write to file nnnn"), printed.left(80).constData());
+    QCOMPARE(printed.count('\n'), 1);
+    QCOMPARE(filesIn(directory.path()), QStringList());
+
+    // The same pool saves under a name that can be created.
+    QVERIFY(!pool.save(directory.filePath(QStringLiteral("ui.xcui"))));
+    QCOMPARE(filesIn(directory.path()), QStringList{QStringLiteral("ui.xcui")});
 }
 
 void tst_SaveFailures::directoryAsTarget()

@@ -1,6 +1,6 @@
 # Tests over the example catalogue in examples/: the schemas accept every file, cstool validate
-# passes on all templates and UI files, cstool map --check on every mapped directory, and
-# cstool ui resolves every icon.
+# passes on all templates, UI files and maps without a warning, cstool map --check on every
+# template directory, and cstool ui resolves every icon.
 
 file(GLOB_RECURSE cs_example_templates CONFIGURE_DEPENDS ${CS_EXAMPLES}/templates/*.tcmd)
 file(GLOB_RECURSE cs_example_ui CONFIGURE_DEPENDS ${CS_EXAMPLES}/ui/*.xcui)
@@ -38,15 +38,21 @@ if(CS_XMLLINT)
 endif()
 
 add_test(NAME example_validate
-    COMMAND cstool validate ${cs_icon_options} ${cs_template_dirs} ${cs_ui_dirs})
+    COMMAND cstool validate --werror ${cs_icon_options} ${cs_template_dirs} ${cs_ui_dirs})
+# As an author types it: icons in the "icons" folder beside the UI files by default.
+add_test(NAME example_validate_defaults
+    COMMAND cstool validate examples/templates examples/ui
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+add_test(NAME example_validate_recursive COMMAND cstool validate --werror --recursive ${CS_EXAMPLES})
 
-foreach(map IN LISTS cs_example_maps)
-    get_filename_component(directory ${map} DIRECTORY)
+# Every template directory keeps a current map.
+foreach(directory IN LISTS cs_template_dirs)
     file(RELATIVE_PATH name ${CS_EXAMPLES} ${directory})
+    string(REPLACE "/" "_" name ${name})
     add_test(NAME example_map_check_${name} COMMAND cstool map --check ${directory})
 endforeach()
 
 add_test(NAME example_ui COMMAND cstool ui ${cs_icon_options} ${cs_ui_dirs})
 set_tests_properties(example_ui PROPERTIES FAIL_REGULAR_EXPRESSION "missing \\(")
-set_tests_properties(example_validate example_ui PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+set_tests_properties(example_validate example_validate_defaults example_validate_recursive
+    example_ui PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")

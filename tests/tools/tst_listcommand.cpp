@@ -13,6 +13,8 @@ private slots:
     void listsEveryNameWithItsFile();
     void laterDirectoryWinsASharedName();
     void staleMapIsReported();
+    void unreadableMapFails_data();
+    void unreadableMapFails();
     void usageErrors();
 
 private:
@@ -75,6 +77,33 @@ void tst_ListCommand::staleMapIsReported()
              qPrintable(tool.err));
     QVERIFY(!tool.out.contains(QLatin1String("circle")));
     QVERIFY(tool.out.contains(QLatin1String("line ")));
+}
+
+// The pool still finds templates by their file names, so the listing goes on; but a host
+// would not find the mapped ones, and the exit status says so.
+void tst_ListCommand::unreadableMapFails_data()
+{
+    QTest::addColumn<QByteArray>("map");
+    QTest::newRow("malformed") << QByteArray("<maps><map key=\"arc\" value=\"shapes.tcmd\">");
+    QTest::newRow("wrong root") << QByteArray("<map key=\"arc\" value=\"shapes.tcmd\"/>\n");
+}
+
+void tst_ListCommand::unreadableMapFails()
+{
+    QFETCH(QByteArray, map);
+    QVERIFY(CsToolProcess::writeFile(file(QStringLiteral("a/.map")), map));
+    CsToolProcess tool;
+    RUN_CSTOOL(tool, {QStringLiteral("list"), file(QStringLiteral("a")), file(QStringLiteral("a"))});
+    QCOMPARE(tool.exitCode, 1);
+    QVERIFY2(tool.err.contains(QStringLiteral("cstool list: %1: the map could not be read")
+                                   .arg(QDir(file(QStringLiteral("a"))).absoluteFilePath(QStringLiteral(".map")))),
+             qPrintable(tool.err));
+    QCOMPARE(tool.err.count(QLatin1String("the map could not be read")), 1);
+    QVERIFY(tool.out.contains(QLatin1String("line ")));
+
+    QVERIFY(QFile::remove(file(QStringLiteral("a/.map"))));
+    RUN_CSTOOL(tool, {QStringLiteral("list"), file(QStringLiteral("a"))});
+    QCOMPARE(tool.exitCode, 0);
 }
 
 void tst_ListCommand::usageErrors()

@@ -13,6 +13,7 @@ private slots:
     void noCommandIsAUsageError();
     void unknownCommandIsAUsageError();
     void unknownOptionIsAUsageError();
+    void helpOfHelp();
     void commandHelp_data();
     void commandHelp();
 };
@@ -73,11 +74,20 @@ void tst_Program::unknownOptionIsAUsageError()
     QVERIFY(tool.err.contains(QLatin1String("cstool map --help")));
 }
 
+void tst_Program::helpOfHelp()
+{
+    CsToolProcess tool;
+    RUN_CSTOOL(tool, {QStringLiteral("help"), QStringLiteral("help")});
+    QCOMPARE(tool.exitCode, 0);
+    QVERIFY2(tool.out.startsWith(QLatin1String("Usage: cstool help [<command>]\n")), qPrintable(tool.out));
+    QVERIFY(tool.err.isEmpty() || !tool.err.contains(QLatin1String("cstool")));
+}
+
 void tst_Program::commandHelp_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("option");
-    QTest::newRow("validate") << "validate" << "--icons <dir>";
+    QTest::newRow("validate") << "validate" << "-r, --recursive";
     QTest::newRow("map") << "map" << "--check";
     QTest::newRow("list") << "list" << "DIR...";
     QTest::newRow("show") << "show" << "--json";

@@ -18,6 +18,7 @@ private slots:
     void initTestCase();
     void listsActionsWithTheirIcons();
     void directoryStandsForItsFiles();
+    void iconsDefaultToTheFolderBesideTheFiles();
     void failedLoadFails();
     void saveWritesThePool();
     void saveToAnUnwritablePathFails();
@@ -80,6 +81,19 @@ void tst_UiCommand::directoryStandsForItsFiles()
     QVERIFY(tool.out.contains(QLatin1String("ID_LINE   plain   line    missing (line)")));
     QVERIFY(tool.out.endsWith(QLatin1String("5 action(s), 2 icon(s) missing, 1 dropped by MinWinVer\n")));
     QFile::remove(temp.filePath(QStringLiteral("ui/edit.xcui")));
+}
+
+void tst_UiCommand::iconsDefaultToTheFolderBesideTheFiles()
+{
+    const QString beside = temp.filePath(QStringLiteral("ui/icons"));
+    QVERIFY(QDir().mkpath(beside));
+    QVERIFY(QFile::copy(icons + QStringLiteral("/line.png"), beside + QStringLiteral("/line.png")));
+    CsToolProcess tool;
+    RUN_CSTOOL(tool, {QStringLiteral("ui"), file});
+    QDir(beside).removeRecursively();
+    QCOMPARE(tool.exitCode, 0);
+    QVERIFY2(tool.out.contains(QLatin1String("ID_LINE   plain   line    resolved (line)")), qPrintable(tool.out));
+    QVERIFY(tool.out.contains(QLatin1String("ID_GONE   plain   gone    missing (gone)")));
 }
 
 void tst_UiCommand::failedLoadFails()

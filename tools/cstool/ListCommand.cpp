@@ -4,7 +4,11 @@
 #include "TemplateCatalog.h"
 #include "TextTable.h"
 
+#include <CommandSystem/TemplateTools.h>
+
 #include <QCommandLineParser>
+
+using namespace Talvir::Vexa::Cs;
 
 namespace CsTool {
 
@@ -24,8 +28,8 @@ QString ListCommand::details() const
         "Every template name is printed with the file that defines it, in name order. Each\n"
         "name is looked up through a template pool over the directories, as a host would, so\n"
         "a name that the pool cannot find (a stale .map) is reported.\n\n"
-        "Exit status: 0 success, 1 a file cannot be read or a template cannot be found,\n"
-        "2 usage error.");
+        "Exit status: 0 success, 1 a file or a directory's map cannot be read, or a template\n"
+        "cannot be found, 2 usage error.");
 }
 
 void ListCommand::configure(QCommandLineParser& parser)
@@ -45,6 +49,13 @@ int ListCommand::run(const QCommandLineParser& parser)
             return usageError(QStringLiteral("%1: not a directory").arg(directory));
     }
     int result = catalog.scan() ? Success : Failure;
+    const QStringList unmapped = catalog.unmappedDirectories();
+    for (const QString& directory : unmapped) {
+        report(TemplateTools::isMapExist(directory)
+                   ? QStringLiteral("%1: the map could not be read").arg(TemplateTools::mapFile(directory))
+                   : QStringLiteral("%1: the map could not be built").arg(directory));
+        result = Failure;
+    }
     const QStringList unreadable = catalog.unreadableFiles();
     for (const QString& file : unreadable)
         report(QStringLiteral("%1: cannot be read").arg(file));

@@ -10,6 +10,11 @@ PathCollector::PathCollector(const QStringList& suffixes)
 {
 }
 
+void PathCollector::setRecursive(bool value)
+{
+    recursive = value;
+}
+
 bool PathCollector::collect(const QStringList& paths)
 {
     for (const QString& path : paths) {
@@ -40,7 +45,12 @@ bool PathCollector::collectFile(const QString& path)
         return false;
     }
     if (!suffixes.contains(info.suffix())) {
-        problem = QStringLiteral("%1: not a .%2 file").arg(path, suffixes.join(QStringLiteral(" or .")));
+        QStringList kinds;
+        for (const QString& suffix : suffixes)
+            kinds.append(QLatin1Char('.') + suffix);
+        const QString last = kinds.takeLast();
+        const QString listed = kinds.isEmpty() ? last : kinds.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+        problem = QStringLiteral("%1: not a %2 file").arg(path, listed);
         return false;
     }
     collected.append(path);
@@ -53,9 +63,18 @@ void PathCollector::collectDirectory(const QString& path)
     for (const QString& suffix : suffixes)
         patterns.append(QStringLiteral("*.") + suffix);
     const QDir directory(path);
+    const QString mapFile = QStringLiteral(".map");
+    if (suffixes.contains(QStringLiteral("map")) && QFileInfo(directory.filePath(mapFile)).isFile())
+        collected.append(directory.filePath(mapFile));
     const QStringList names = directory.entryList(patterns, QDir::Files, QDir::Name);
     for (const QString& name : names)
         collected.append(directory.filePath(name));
+    if (!recursive)
+        return;
+    const QStringList subdirectories =
+        directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name);
+    for (const QString& name : subdirectories)
+        collectDirectory(directory.filePath(name));
 }
 
 } // namespace CsTool

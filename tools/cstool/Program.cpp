@@ -77,6 +77,12 @@ int Program::help(const QStringList& topics) const
         Console::out(overview());
         return SubCommand::Success;
     }
+    if (topics.first() == QLatin1String("help")) {
+        Console::out(QStringLiteral("Usage: cstool help [<command>]\n\n"
+                                    "Without a command, lists the commands; with one, shows its "
+                                    "options (as 'cstool <command> --help' does)."));
+        return SubCommand::Success;
+    }
     SubCommand* command = find(topics.first());
     if (!command) {
         Console::err(QStringLiteral("cstool: unknown command '%1'\n").arg(topics.first()) + overview());

@@ -2,6 +2,7 @@
 
 #include "Console.h"
 #include "PropertyValue.h"
+#include "TcmdVocabulary.h"
 #include "TemplateCatalog.h"
 #include "TextTable.h"
 
@@ -20,11 +21,9 @@ namespace {
 
 QString typeWord(Parameter::Type type)
 {
-    static const char* const words[] = {"null", "string", "number", "distance", "angle",
-                                        "point", "entity", "option", "continue", "form",
-                                        "window", "command", "pin"};
+    const QStringList& words = TcmdVocabulary::typeWords();
     const int index = int(type);
-    return index >= 0 && index < 13 ? QString::fromLatin1(words[index]) : QString::number(index);
+    return index >= 0 && index < words.size() ? words.at(index) : QString::number(index);
 }
 
 QString yesNo(bool value)

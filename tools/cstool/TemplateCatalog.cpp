@@ -15,10 +15,20 @@ bool TemplateCatalog::addDirectory(const QString& directory)
 {
     if (!QFileInfo(directory).isDir() || !pool.appendDirectory(directory))
         return false;
+    // The pool maps a directory once; a second mention adds nothing.
+    const QString absolute = QDir(directory).absolutePath();
+    if (directories.contains(absolute))
+        return true;
     // A failed map is no reason to stop: the pool still finds templates by file name.
-    pool.load(directory);
-    directories.append(directory);
+    if (!pool.load(directory))
+        unmapped.append(directory);
+    directories.append(absolute);
     return true;
+}
+
+QStringList TemplateCatalog::unmappedDirectories() const
+{
+    return unmapped;
 }
 
 bool TemplateCatalog::scan()

@@ -16,6 +16,8 @@ class TemplateCatalog
 public:
     // Appends and maps a directory; false when it is not an existing directory.
     bool addDirectory(const QString& directory);
+    // The directories, as given, whose map could not be read or built.
+    QStringList unmappedDirectories() const;
     // Reads each template file of the directories once for the names it defines (a name
     // defined twice belongs to the later file, as in the map). False when a file could not be
     // read; see unreadableFiles().
@@ -34,6 +36,7 @@ private:
     QStringList directories;
     QMap<QString, QString> files;
     QStringList unreadable;
+    QStringList unmapped;
 };
 
 } // namespace CsTool

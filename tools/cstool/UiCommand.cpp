@@ -9,6 +9,7 @@
 #include <CommandSystem/ActionPool.h>
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -30,9 +31,10 @@ QString UiCommand::details() const
 {
     return QStringLiteral(
         "The files (a directory stands for its .xcui files) are loaded into one action pool\n"
-        "with the --icons directories as icon directories. Each action is printed with its\n"
-        "type, script and whether its icon resolved; actions dropped by \"MinWinVer\" are\n"
-        "reported. --save writes the whole pool back as one UI definition file.\n\n"
+        "with the --icons directories as icon directories (by default the \"icons\" folders\n"
+        "beside the files). Each action is printed with its type, script and whether its icon\n"
+        "resolved; actions dropped by \"MinWinVer\" are reported. --save writes the whole pool\n"
+        "back as one UI definition file.\n\n"
         "Exit status: 0 success, 1 a file failed to load or FILE could not be written,\n"
         "2 usage error.");
 }
@@ -62,10 +64,10 @@ int UiCommand::run(const QCommandLineParser& parser)
     if (!collector.collect(parser.positionalArguments()))
         return usageError(collector.error());
 
-    Action::setIconDirList(iconDirectories);
+    const QStringList files = collector.files();
+    Action::setIconDirList(iconDirectories.isEmpty() ? iconFoldersBeside(files) : iconDirectories);
     ActionPool pool;
     int result = Success;
-    const QStringList files = collector.files();
     for (const QString& file : files) {
         if (!load(pool, file))
             result = Failure;
@@ -74,6 +76,18 @@ int UiCommand::run(const QCommandLineParser& parser)
     if (parser.isSet(QStringLiteral("save")) && !save(pool, parser.value(QStringLiteral("save"))))
         result = Failure;
     return result;
+}
+
+// The "icons" folders beside the files, where the catalogue keeps them by default.
+QStringList UiCommand::iconFoldersBeside(const QStringList& files)
+{
+    QStringList folders;
+    for (const QString& file : files) {
+        const QString folder = QFileInfo(file).dir().filePath(QStringLiteral("icons"));
+        if (!folders.contains(folder) && QFileInfo(folder).isDir())
+            folders.append(folder);
+    }
+    return folders;
 }
 
 bool UiCommand::load(ActionPool& pool, const QString& filePath)

@@ -27,6 +27,7 @@ protected:
     int run(const QCommandLineParser& parser) override;
 
 private:
+    static QStringList iconFoldersBeside(const QStringList& files);
     bool load(Talvir::Vexa::Cs::ActionPool& pool, const QString& filePath);
     void reportDropped(const Talvir::Vexa::Cs::ActionPool& pool, const QString& filePath);
     void print(const Talvir::Vexa::Cs::ActionPool& pool) const;

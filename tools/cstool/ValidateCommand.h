@@ -5,10 +5,12 @@
 
 namespace CsTool {
 
+class Findings;
 class XcuiChecker;
 
-// cstool validate PATH... [--icons DIR]...: template files through the library's validator,
-// UI definition files through the strict XcuiChecker; a summary line at the end.
+// cstool validate PATH... [--icons DIR]... [--recursive] [--werror]: checks template files,
+// UI definition files and map files and reports every problem as a compiler would, as
+// "FILE:LINE:COLUMN: error|warning: message" on standard error; a summary line at the end.
 class ValidateCommand : public SubCommand
 {
 public:
@@ -21,7 +23,7 @@ protected:
     int run(const QCommandLineParser& parser) override;
 
 private:
-    static bool validateXcui(XcuiChecker& checker, const QString& filePath);
+    static void checkFile(const QString& filePath, XcuiChecker& xcuiChecker, Findings& findings);
 };
 
 } // namespace CsTool

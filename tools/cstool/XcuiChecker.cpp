@@ -1,11 +1,12 @@
 #include "XcuiChecker.h"
 
-#include <QFile>
-#include <QList>
+#include "IconResolver.h"
+#include "XmlSource.h"
+
+#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
-
-#include <algorithm>
 
 namespace CsTool {
 
@@ -35,96 +36,70 @@ const QStringList& textElements()
     return elements;
 }
 
+// "plain" names what any other word means too: a command button.
+const QStringList& typeWords()
+{
+    static const QStringList types = words("plain widget toggle check_box");
+    return types;
+}
+
+QString tagList(const QStringList& elements)
+{
+    return QLatin1Char('<') + elements.join(QStringLiteral(">, <")) + QLatin1Char('>');
+}
+
 } // namespace
 
 XcuiChecker::XcuiChecker(const QStringList& iconDirectories)
-    : icons(iconDirectories)
+    : iconDirectories(iconDirectories)
 {
 }
 
-QStringList XcuiChecker::check(const QString& filePath)
+void XcuiChecker::check(XmlSource& file, Findings& found)
 {
-    file = filePath;
-    problems.clear();
-    QFile device(filePath);
-    if (!device.open(QIODevice::ReadOnly)) {
-        problems.append(QStringLiteral("%1: cannot read: %2").arg(file, device.errorString()));
-        return problems;
-    }
-    const QByteArray content = device.readAll();
-    lineStarts = {0};
-    const QString text = QString::fromUtf8(content);
-    for (int at = text.indexOf(QLatin1Char('\n')); at >= 0; at = text.indexOf(QLatin1Char('\n'), at + 1))
-        lineStarts.append(at + 1);
-    QXmlStreamReader reader(content);
-    checkDocument(reader);
-    if (reader.hasError())
-        problemAt(positionAt(reader.characterOffset()), reader.errorString());
-    return problems;
+    source = &file;
+    findings = &found;
+    fileIconDirectories = iconDirectories;
+    if (fileIconDirectories.isEmpty())
+        fileIconDirectories.append(QFileInfo(found.file()).dir().filePath(QStringLiteral("icons")));
+    source->readDocument(found, QStringLiteral("Actions"), QStringLiteral("UI definition file"),
+                         [this] { checkActions(); });
 }
 
-// Tokens follow each other without gaps, so a token starts where the previous one ended; the
-// reader itself only tells where a token ends. Text ends where a "<" follows, which the reader
-// has then already consumed.
-void XcuiChecker::next(QXmlStreamReader& reader)
+void XcuiChecker::checkActions()
 {
-    const qint64 lookahead = reader.isCharacters() ? 1 : 0;
-    tokenStart = positionAt(reader.characterOffset() - lookahead);
-    reader.readNext();
-}
-
-// Lines and columns counted from 1 for a character offset of the document.
-XcuiChecker::Position XcuiChecker::positionAt(qint64 offset) const
-{
-    const auto after = std::upper_bound(lineStarts.constBegin(), lineStarts.constEnd(), offset);
-    const qint64 line = after - lineStarts.constBegin();
-    return Position{line, offset - lineStarts.at(int(line - 1)) + 1};
-}
-
-void XcuiChecker::checkDocument(QXmlStreamReader& reader)
-{
-    while (!reader.atEnd() && !reader.isStartElement())
-        next(reader);
-    if (!reader.isStartElement())
-        return;
-    if (reader.name() != QLatin1String("Actions")) {
-        problem(QStringLiteral("Unexpected element: ") + reader.name().toString());
-        return;
-    }
-    checkRootAttributes(reader);
-    checkActions(reader);
-}
-
-void XcuiChecker::checkRootAttributes(QXmlStreamReader& reader)
-{
+    QXmlStreamReader& reader = source->reader();
     const QXmlStreamAttributes attributes = reader.attributes();
     for (const QXmlStreamAttribute& attribute : attributes) {
         const QString name = attribute.qualifiedName().toString();
-        if (!isSchemaInstance(attribute) && name != QLatin1String("name")
-            && name != QLatin1String("version"))
-            problem(QStringLiteral("Unexpected attribute: ") + name);
+        if (!isSchemaInstance(attribute) && name != QLatin1String("name") && name != QLatin1String("version"))
+            unexpectedAttribute(attribute, QStringLiteral("Actions"), QStringLiteral("allowed: name, version"));
+    }
+    while (nextChildElement(QStringLiteral("Actions"))) {
+        if (reader.name() == QLatin1String("Action"))
+            checkAction();
+        else
+            unexpectedChild(QStringLiteral("Actions"), QStringList(QStringLiteral("Action")));
     }
 }
 
-void XcuiChecker::checkActions(QXmlStreamReader& reader)
+void XcuiChecker::checkAction()
 {
-    while (nextChildElement(reader)) {
-        if (reader.name() == QLatin1String("Action")) {
-            checkAction(reader);
-        } else {
-            problem(QStringLiteral("Unexpected element: ") + reader.name().toString());
-            reader.skipCurrentElement();
-        }
-    }
-}
-
-void XcuiChecker::checkAction(QXmlStreamReader& reader)
-{
-    const Position where = tokenStart;
-    QString type;
-    bool named = false;
+    const SourcePosition where = source->tokenPosition();
     QString name;
-    const QXmlStreamAttributes attributes = reader.attributes();
+    QString type;
+    checkActionAttributes(name, type);
+    QHash<QString, Leaf> values;
+    readChildren(QStringLiteral("Action"), actionElements(), values);
+    if (!source->reader().hasError())
+        checkValues(name, type, values, where);
+}
+
+void XcuiChecker::checkActionAttributes(QString& name, QString& type)
+{
+    const SourcePosition where = source->tokenPosition();
+    bool named = false;
+    const QXmlStreamAttributes attributes = source->reader().attributes();
     for (const QXmlStreamAttribute& attribute : attributes) {
         const QString attributeName = attribute.qualifiedName().toString();
         if (attributeName == QLatin1String("name")) {
@@ -132,133 +107,137 @@ void XcuiChecker::checkAction(QXmlStreamReader& reader)
             name = attribute.value().toString();
         } else if (attributeName == QLatin1String("type")) {
             type = attribute.value().toString();
+            if (!type.isEmpty() && !typeWords().contains(type))
+                findings->warning(source->attributePosition(attributeName),
+                                  QStringLiteral("attribute \"type\" of <Action> has the value %1, "
+                                                 "which is none of the known words (%2); the action "
+                                                 "is a plain command")
+                                      .arg(Findings::quoted(type), typeWords().join(QStringLiteral(", "))));
         } else if (!isSchemaInstance(attribute)) {
-            problem(QStringLiteral("Unexpected attribute: ") + attributeName);
+            unexpectedAttribute(attribute, QStringLiteral("Action"), QStringLiteral("allowed: name, type"));
         }
     }
-    checkActionName(name, named, where);
-    QHash<QString, QString> values;
-    readChildren(reader, actionElements(), values);
-    if (!reader.hasError())
-        checkValues(type, values, where);
+    checkActionName(name, named, named ? source->attributePosition(QStringLiteral("name")) : where);
 }
 
-void XcuiChecker::checkActionName(const QString& name, bool given, const Position& where)
+void XcuiChecker::checkActionName(const QString& name, bool given, const SourcePosition& where)
 {
     if (!given || name.isEmpty()) {
-        problemAt(where, QStringLiteral("Action without a name"));
+        findings->error(where, given ? QStringLiteral("<Action> with an empty \"name\"")
+                                     : QStringLiteral("<Action> without the attribute \"name\""));
         return;
     }
     const QString first = definitions.value(name);
     if (!first.isEmpty()) {
-        problemAt(where, QStringLiteral("Action name defined twice: %1 (first defined at %2)")
-                             .arg(name, first));
+        findings->error(where, QStringLiteral("action \"%1\" is defined twice (first at %2)").arg(name, first));
         return;
     }
-    definitions.insert(name, location(where));
+    definitions.insert(name, findings->location(where));
 }
 
 // Reads the child elements of "Action" or "Text"; the leaf texts land in values, "Text" is
 // read recursively with its own vocabulary.
-void XcuiChecker::readChildren(QXmlStreamReader& reader, const QStringList& allowed,
-                               QHash<QString, QString>& values)
+void XcuiChecker::readChildren(const QString& parent, const QStringList& allowed,
+                               QHash<QString, Leaf>& values)
 {
-    QStringList seen;
-    while (nextChildElement(reader)) {
+    QXmlStreamReader& reader = source->reader();
+    QHash<QString, SourcePosition> seen;
+    while (nextChildElement(parent)) {
         const QString element = reader.name().toString();
         if (!allowed.contains(element)) {
-            problem(QStringLiteral("Unexpected element: ") + element);
-            reader.skipCurrentElement();
+            unexpectedChild(parent, allowed);
             continue;
         }
-        if (seen.contains(element))
-            problem(QStringLiteral("Duplicate element: %1 (the later one wins)").arg(element));
-        seen.append(element);
-        checkNoAttributes(reader);
+        const auto first = seen.constFind(element);
+        if (first != seen.constEnd())
+            findings->error(source->tokenPosition(), QStringLiteral("<%1> is given twice in this <%2> "
+                                                                    "(first at %3); the later one wins")
+                                                         .arg(element, parent, findings->location(*first)));
+        seen.insert(element, source->tokenPosition());
+        checkNoAttributes(element);
         if (element == QLatin1String("Text"))
-            readChildren(reader, textElements(), values);
+            readChildren(element, textElements(), values);
         else
-            values.insert(element, readLeaf(reader));
+            values.insert(element, readLeaf(element));
     }
 }
 
-QString XcuiChecker::readLeaf(QXmlStreamReader& reader)
+XcuiChecker::Leaf XcuiChecker::readLeaf(const QString& element)
 {
-    QString text;
-    while (!reader.atEnd()) {
-        next(reader);
+    QXmlStreamReader& reader = source->reader();
+    Leaf leaf{QString(), source->tokenPosition()};
+    while (source->next()) {
         if (reader.isCharacters()) {
-            text += reader.text();
+            leaf.text += reader.text();
         } else if (reader.isStartElement()) {
-            problem(QStringLiteral("Unexpected element: ") + reader.name().toString());
-            reader.skipCurrentElement();
+            unexpectedChild(element, QStringList());
         } else if (reader.isEndElement()) {
             break;
         }
     }
-    return text;
+    return leaf;
 }
 
-// Like QXmlStreamReader::readNextStartElement, but text between the elements is reported.
-bool XcuiChecker::nextChildElement(QXmlStreamReader& reader)
+bool XcuiChecker::nextChildElement(const QString& parent)
 {
-    while (!reader.atEnd()) {
-        next(reader);
-        if (reader.isStartElement())
-            return true;
-        if (reader.isEndElement())
-            return false;
-        if (reader.isCharacters() && !reader.isWhitespace())
-            problem(QStringLiteral("Unexpected text: ") + reader.text().toString().trimmed());
-    }
-    return false;
+    return source->nextChildElement([&](const SourcePosition& where) {
+        findings->error(where, QStringLiteral("unexpected text in <%1>: %2")
+                                   .arg(parent, source->reader().text().toString().trimmed()));
+    });
 }
 
-void XcuiChecker::checkValues(const QString& type, const QHash<QString, QString>& values,
-                              const Position& where)
+void XcuiChecker::unexpectedChild(const QString& parent, const QStringList& allowed)
+{
+    source->unexpectedElement(*findings, parent, allowed.isEmpty() ? QStringLiteral("it holds only text")
+                                                                   : QStringLiteral("allowed: ") + tagList(allowed));
+}
+
+void XcuiChecker::unexpectedAttribute(const QXmlStreamAttribute& attribute, const QString& element,
+                                      const QString& allowed)
+{
+    source->unexpectedAttribute(*findings, attribute, element, allowed);
+}
+
+void XcuiChecker::checkValues(const QString& name, const QString& type,
+                              const QHash<QString, Leaf>& values, const SourcePosition& where)
 {
     const auto checked = values.constFind(QStringLiteral("Checked"));
-    if (checked != values.constEnd() && *checked != QLatin1String("true")
-        && *checked != QLatin1String("false"))
-        problemAt(where, QStringLiteral("\"Checked\" is neither \"true\" nor \"false\": ") + *checked);
+    if (checked != values.constEnd() && checked->text != QLatin1String("true")
+        && checked->text != QLatin1String("false"))
+        findings->error(checked->where, QStringLiteral("<Checked> has the value %1; expected one "
+                                                       "of: true, false").arg(Findings::quoted(checked->text)));
     if (type == QLatin1String("widget")) {
-        if (values.value(QStringLiteral("Widget")).isEmpty())
-            problemAt(where, QStringLiteral("widget action without \"Widget\""));
-        if (values.value(QStringLiteral("Mapper")).isEmpty())
-            problemAt(where, QStringLiteral("widget action without \"Mapper\""));
+        for (const char* element : {"Widget", "Mapper"}) {
+            if (values.value(QLatin1String(element)).text.isEmpty())
+                findings->error(where, QStringLiteral("widget action \"%1\" without <%2>")
+                                           .arg(name, QLatin1String(element)));
+        }
     }
-    const QString icon = values.value(QStringLiteral("Icon"));
-    if (!icon.isEmpty() && icons.resolve(icon).isEmpty())
-        problemAt(where, QStringLiteral("icon not found: ") + icon);
+    const auto icon = values.constFind(QStringLiteral("Icon"));
+    if (icon != values.constEnd() && !icon->text.isEmpty())
+        checkIcon(*icon);
     static const QRegularExpression version(QStringLiteral("^[0-9]+(\\.[0-9]+)*$"));
     const auto minimum = values.constFind(QStringLiteral("MinWinVer"));
-    if (minimum != values.constEnd() && !version.match(*minimum).hasMatch())
-        problemAt(where, QStringLiteral("\"MinWinVer\" is not a version number: ") + *minimum);
+    if (minimum != values.constEnd() && !version.match(minimum->text).hasMatch())
+        findings->error(minimum->where, QStringLiteral("<MinWinVer> has the value %1; expected a "
+                                                       "version number such as 6.1").arg(Findings::quoted(minimum->text)));
 }
 
-void XcuiChecker::checkNoAttributes(QXmlStreamReader& reader)
+void XcuiChecker::checkIcon(const Leaf& icon)
 {
-    const QXmlStreamAttributes attributes = reader.attributes();
+    if (!IconResolver(fileIconDirectories).resolve(icon.text).isEmpty())
+        return;
+    findings->error(icon.where, QStringLiteral("icon \"%1\" not found (looked up in %2)")
+                                    .arg(icon.text, fileIconDirectories.join(QStringLiteral(", "))));
+}
+
+void XcuiChecker::checkNoAttributes(const QString& element)
+{
+    const QXmlStreamAttributes attributes = source->reader().attributes();
     for (const QXmlStreamAttribute& attribute : attributes) {
         if (!isSchemaInstance(attribute))
-            problem(QStringLiteral("Unexpected attribute: ")
-                                + attribute.qualifiedName().toString());
+            unexpectedAttribute(attribute, element, QStringLiteral("it takes no attributes"));
     }
-}
-
-void XcuiChecker::problem(const QString& message)
-{
-    problemAt(tokenStart, message);
-}
-
-void XcuiChecker::problemAt(const Position& where, const QString& message)
-{
-    problems.append(location(where) + QStringLiteral(": ") + message);
-}
-
-QString XcuiChecker::location(const Position& where) const
-{
-    return QStringLiteral("%1:%2:%3").arg(file).arg(where.line).arg(where.column);
 }
 
 } // namespace CsTool
