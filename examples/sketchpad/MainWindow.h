@@ -39,6 +39,7 @@ private:
     void buildRibbon();
     void buildStatusBar();
     void buildCommandLine();
+    void setUpCommandNames(const QString& catalogue);
 
     SketchContext m_context;
     std::unique_ptr<Operations> m_operations;

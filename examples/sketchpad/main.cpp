@@ -1,5 +1,6 @@
 // Sketchpad: a small 2D drafting program, the reference host of the CommandSystem library.
 
+#include "CommandRunner.h"
 #include "MainWindow.h"
 #include "ScriptRunner.h"
 
@@ -29,7 +30,11 @@ int main(int argc, char* argv[])
     const QCommandLineOption catalogue(QStringLiteral("catalogue"),
                                        QStringLiteral("Read templates/ and ui/ from <folder>."),
                                        QStringLiteral("folder"), QStringLiteral(SKETCHPAD_CATALOGUE_DIR));
-    parser.addOptions({script, screenshot, catalogue});
+    const QCommandLineOption record(QStringLiteral("record"),
+                                    QStringLiteral("Write every command run, with its answers, to the transcript <file>; "
+                                                   "--script replays such a file."),
+                                    QStringLiteral("file"));
+    parser.addOptions({script, screenshot, catalogue, record});
     parser.process(app);
 
     const QString folder = parser.value(catalogue);
@@ -38,6 +43,8 @@ int main(int argc, char* argv[])
         return 2;
     }
     MainWindow window(folder);
+    if (parser.isSet(record))
+        window.context().runner->setRecordFile(parser.value(record));
     window.resize(1280, 820);
     window.show();
 

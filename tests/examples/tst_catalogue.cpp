@@ -1,4 +1,5 @@
 #include <CommandSystem/Action.h>
+#include <CommandSystem/AliasTable.h>
 #include <CommandSystem/ActionPool.h>
 #include <CommandSystem/Parameter.h>
 #include <CommandSystem/Template.h>
@@ -25,6 +26,7 @@ private slots:
     void mapFileIsCurrent();
     void templatesCoverEveryParameterType();
     void actionsAreCompleteAndNameTemplates();
+    void aliasFileIsCleanAndNamesCommands();
 
 private:
     static QString templates() { return QStringLiteral(CATALOGUE_DIR "/templates"); }
@@ -131,6 +133,28 @@ void tst_Catalogue::actionsAreCompleteAndNameTemplates()
     for (const QString& file : QDir(QStringLiteral(CATALOGUE_DIR "/ui/icons")).entryList({QStringLiteral("*_disabled.png")}))
         variants += QFile::exists(QStringLiteral(CATALOGUE_DIR "/ui/icons/") + QString(file).replace(QStringLiteral("_disabled"), QStringLiteral("_active")));
     QVERIFY(variants >= 10);
+}
+
+void tst_Catalogue::aliasFileIsCleanAndNamesCommands()
+{
+    QStringList commands;
+    TemplateTools tools;
+    for (const QString& file : templateFiles()) {
+        QList<Template*> loaded;
+        QVERIFY(tools.loadTemplate(file, loaded));
+        for (Template* commandTemplate : loaded)
+            commands.append(commandTemplate->objectName());
+        qDeleteAll(loaded);
+    }
+    AliasTable aliases;
+    QVERIFY2(aliases.load(QStringLiteral(CATALOGUE_DIR "/commands.aliases")), qPrintable(aliases.errors().join(QLatin1Char('\n'))));
+    QCOMPARE(aliases.check(commands), QStringList());
+    const QStringList expected{QStringLiteral("l line"), QStringLiteral("c circle"), QStringLiteral("a arc"),
+                               QStringLiteral("pl polyline"), QStringLiteral("rec rectangle"), QStringLiteral("e erase"),
+                               QStringLiteral("m move"), QStringLiteral("co copy"), QStringLiteral("ro rotate"),
+                               QStringLiteral("z zoom")};
+    for (const QString& pair : expected)
+        QCOMPARE(aliases.command(pair.section(QLatin1Char(' '), 0, 0)), pair.section(QLatin1Char(' '), 1));
 }
 
 QTEST_MAIN(tst_Catalogue)
