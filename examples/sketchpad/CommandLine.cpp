@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include <CommandSystem/CommandLineModel.h>
+
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,8 +26,9 @@ QString colorFor(CommandLine::Role role)
 
 } // namespace
 
-CommandLine::CommandLine(QWidget* parent)
+CommandLine::CommandLine(Talvir::Vexa::Cs::CommandLineModel* model, QWidget* parent)
     : QWidget(parent)
+    , m_model(model)
     , m_history(new QPlainTextEdit(this))
     , m_prompt(new QLabel(QString::fromLatin1(kDefaultPrompt), this))
     , m_input(new QLineEdit(this))
@@ -55,7 +58,11 @@ CommandLine::CommandLine(QWidget* parent)
     layout->setSpacing(2);
     layout->addWidget(m_history, 1);
     layout->addWidget(inputFrame);
-    connect(m_input, &QLineEdit::returnPressed, this, &CommandLine::onReturnPressed);
+    connect(m_input, &QLineEdit::textEdited, model, &Talvir::Vexa::Cs::CommandLineModel::setText);
+    connect(m_input, &QLineEdit::returnPressed, model, &Talvir::Vexa::Cs::CommandLineModel::enter);
+    connect(model, &Talvir::Vexa::Cs::CommandLineModel::textChanged, this, &CommandLine::showText);
+    connect(model, &Talvir::Vexa::Cs::CommandLineModel::completionsListed, this,
+            [this](const QStringList& candidates) { appendHistory(candidates.join(QStringLiteral("  "))); });
 }
 
 void CommandLine::appendHistory(const QString& text, Role role)
@@ -79,24 +86,34 @@ QString CommandLine::prompt() const
 
 void CommandLine::type(const QString& line)
 {
-    m_input->setText(line);
-    onReturnPressed();
+    m_model->setText(line);
+    m_model->enter();
 }
 
 bool CommandLine::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_input && event->type() == QEvent::KeyPress
-        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        m_input->clear();
-        emit cancelRequested();
+    if (watched != m_input || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Tab:
+        m_model->complete();
         return true;
+    case Qt::Key_Up:
+        m_model->recallPrevious();
+        return true;
+    case Qt::Key_Down:
+        m_model->recallNext();
+        return true;
+    case Qt::Key_Escape:
+        m_model->escape();
+        return true;
+    default:
+        return QWidget::eventFilter(watched, event);
     }
-    return QWidget::eventFilter(watched, event);
 }
 
-void CommandLine::onReturnPressed()
+void CommandLine::showText(const QString& text)
 {
-    const QString line = m_input->text().trimmed();
-    m_input->clear();
-    emit lineEntered(line);
+    if (m_input->text() != text)
+        m_input->setText(text);
 }

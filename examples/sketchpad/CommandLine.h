@@ -3,12 +3,14 @@
 
 #include <QWidget>
 
+namespace Talvir { namespace Vexa { namespace Cs { class CommandLineModel; } } }
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
 // The command line: a history of prompts, answers and messages above an input field whose
-// label shows the current prompt. Enter hands the typed line on; Esc asks for a cancel.
+// label shows the current prompt. The field is a view of the library's command-line model:
+// what is typed goes to the model, and Tab, Up, Down, Return and Esc are the model's keys.
 class CommandLine : public QWidget
 {
     Q_OBJECT
@@ -16,7 +18,7 @@ class CommandLine : public QWidget
 public:
     enum Role { Prompt, Input, Message, Error };
 
-    explicit CommandLine(QWidget* parent = nullptr);
+    explicit CommandLine(Talvir::Vexa::Cs::CommandLineModel* model, QWidget* parent = nullptr);
 
     void appendHistory(const QString& text, Role role = Message);
     void setPrompt(const QString& prompt, const QString& format);
@@ -25,17 +27,15 @@ public:
     void type(const QString& line);
 
 signals:
-    void lineEntered(const QString& line);
-    void cancelRequested();
     void historyAppended(const QString& text);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private slots:
-    void onReturnPressed();
-
 private:
+    void showText(const QString& text);
+
+    Talvir::Vexa::Cs::CommandLineModel* m_model;
     QPlainTextEdit* m_history;
     QLabel* m_prompt;
     QLineEdit* m_input;

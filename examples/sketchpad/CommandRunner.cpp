@@ -1,22 +1,30 @@
 #include "CommandRunner.h"
 
-#include "CommandSession.h"
+#include "Drawing.h"
 #include "DrawingView.h"
 #include "DumpCommand.h"
 #include "SketchCommandFactory.h"
 #include "SketchEscaper.h"
 #include "TemplateCommand.h"
 
+#include <CommandSystem/CommandLineModel.h>
 #include <CommandSystem/CommandPipe.h>
 #include <CommandSystem/EscaperPipe.h>
+#include <CommandSystem/InputGrammar.h>
+#include <CommandSystem/InputSession.h>
+#include <CommandSystem/Parameter.h>
 #include <CommandSystem/Template.h>
 #include <CommandSystem/TemplatePool.h>
+
+#include <QPolygonF>
 
 namespace {
 
 // Commands of the program itself (not from templates) share the level of settings.
 const int kProgramLevel = 1;
 const int kDrawingLevel = 2;
+// Columns of the command list that the help command shows alone.
+const int kListColumns = 4;
 
 } // namespace
 
@@ -27,12 +35,15 @@ CommandRunner::CommandRunner(SketchContext& context, Operations& operations, QOb
     , m_factory(new SketchCommandFactory(context.templates, this))
     , m_escaper(new SketchEscaper(this, this))
     , m_dump(new DumpCommand(context.drawing, this))
+    , m_picker(context.view)
 {
     m_manager.attachCommand(m_dump);
     m_manager.attachCommandFactory(m_factory);
     m_invoker.escaperPipe(0)->postEscaper(m_escaper);
     m_idleTimer.setInterval(0);
     connect(&m_idleTimer, &QTimer::timeout, this, &CommandRunner::onIdleTimeout);
+    connectCommandLine();
+    connectPropertyFields();
 }
 
 CommandRunner::~CommandRunner()
@@ -93,10 +104,22 @@ void CommandRunner::start(const QString& name, const QStringList& answers)
         return;
     const QString echo = QString::fromUtf8(commandTemplate->textProperty("echo"));
     print(QStringLiteral("Command: %1").arg(echo.isEmpty() ? name : echo), CommandLine::Input);
-    auto* session = new CommandSession(commandTemplate, m_context.view, this);
+    auto* session = new InputSession(commandTemplate, &m_picker, this);
     connectSession(session);
     m_sessions.append(session);
+    m_context.commandLineModel->setSession(session);
     session->start(answers);
+    if (m_replay && m_replay->command == name)
+        applyReplay(session);
+}
+
+void CommandRunner::ran(const QString& name)
+{
+    Talvir::Vexa::Cs::InputTranscript::Entry entry;
+    entry.command = name;
+    record(entry);
+    if (m_replay && m_replay->command == name)
+        m_replay.reset();
 }
 
 void CommandRunner::cancelActive()
@@ -112,7 +135,7 @@ bool CommandRunner::hasSession() const
 
 bool CommandRunner::isActive(const QString& name) const
 {
-    for (const CommandSession* session : m_sessions) {
+    for (const InputSession* session : m_sessions) {
         if (session->name() == name)
             return true;
     }
@@ -158,24 +181,33 @@ void CommandRunner::issue(const QString& text)
     post(text);
 }
 
-void CommandRunner::onLineEntered(const QString& line)
+void CommandRunner::onAnswerEntered(const QString& text)
 {
-    if (!m_sessions.isEmpty()) {
-        m_sessions.last()->feedText(line);
-        return;
+    if (!m_sessions.isEmpty())
+        m_sessions.last()->feed(text);
+}
+
+void CommandRunner::onRepeatRequested()
+{
+    if (!m_lastCommand.isEmpty())
+        post(m_lastCommand);
+}
+
+void CommandRunner::onCommandsListed(const QStringList& lines)
+{
+    print(QStringLiteral("Commands, with their aliases:"));
+    for (int first = 0; first < lines.size(); first += kListColumns) {
+        QString row;
+        for (const QString& entry : lines.mid(first, kListColumns))
+            row += entry.leftJustified(24);
+        print(QStringLiteral("  ") + row.trimmed());
     }
-    if (line.isEmpty()) {
-        if (!m_lastCommand.isEmpty())
-            post(m_lastCommand);
-        return;
-    }
-    post(line);
 }
 
 void CommandRunner::onPointPicked(const QPointF& point)
 {
     if (!m_sessions.isEmpty())
-        m_sessions.last()->feedPoint(point);
+        m_sessions.last()->pick(point);
 }
 
 void CommandRunner::onCancelRequested()
@@ -195,16 +227,21 @@ void CommandRunner::onIdleTimeout()
 
 void CommandRunner::onSessionFinished(bool completed)
 {
-    auto* session = qobject_cast<CommandSession*>(sender());
+    auto* session = qobject_cast<InputSession*>(sender());
     m_sessions.removeAll(session);
+    m_context.commandLineModel->setSession(topSession());
     m_context.view->setHighlighted({});
     m_context.view->setReferencePoint(std::nullopt);
     m_context.view->setRubberBand(false);
-    Talvir::Vexa::Cs::Template* commandTemplate = session->commandTemplate();
+    m_context.view->setPreview(QPolygonF());
+    const Talvir::Vexa::Cs::Template* commandTemplate = session->commandTemplate();
+    ++m_finishing;
     if (completed && !m_operations.run(*session, Operations::Finish))
         print(QStringLiteral("%1 is not available in Sketchpad.").arg(session->name()), CommandLine::Error);
+    --m_finishing;
     trace(QStringLiteral("end %1 %2").arg(session->name(), completed ? QStringLiteral("done")
                                                                      : QStringLiteral("cancelled")));
+    recordSession(*session);
     if (commandTemplate->inteProperty("last_tpl") != 0)
         m_lastCommand = session->name();
     session->deleteLater();
@@ -216,36 +253,84 @@ void CommandRunner::onSessionFinished(bool completed)
 
 void CommandRunner::onPromptChanged(const QString& prompt, const QString& format)
 {
-    auto* session = qobject_cast<CommandSession*>(sender());
+    auto* session = qobject_cast<InputSession*>(sender());
     if (!m_sessions.isEmpty() && session == m_sessions.last())
         applyPrompt(session, prompt, format);
 }
 
 void CommandRunner::onTriggered()
 {
-    m_operations.run(*qobject_cast<CommandSession*>(sender()), Operations::Trigger);
+    m_operations.run(*qobject_cast<InputSession*>(sender()), Operations::Trigger);
 }
 
-void CommandRunner::onUndoRequested()
+void CommandRunner::onUndone()
 {
-    m_operations.run(*qobject_cast<CommandSession*>(sender()), Operations::Undo);
+    m_operations.run(*qobject_cast<InputSession*>(sender()), Operations::Undo);
 }
 
 void CommandRunner::onFormRequested()
 {
-    m_operations.run(*qobject_cast<CommandSession*>(sender()), Operations::Form);
+    m_operations.run(*qobject_cast<InputSession*>(sender()), Operations::Form);
 }
 
-void CommandRunner::connectSession(CommandSession* session)
+void CommandRunner::onAnswersChanged()
 {
-    connect(session, &CommandSession::finished, this, &CommandRunner::onSessionFinished);
-    connect(session, &CommandSession::promptChanged, this, &CommandRunner::onPromptChanged);
-    connect(session, &CommandSession::triggered, this, &CommandRunner::onTriggered);
-    connect(session, &CommandSession::undoRequested, this, &CommandRunner::onUndoRequested);
-    connect(session, &CommandSession::formRequested, this, &CommandRunner::onFormRequested);
-    connect(session, &CommandSession::echoed, this,
+    m_operations.run(*qobject_cast<InputSession*>(sender()), Operations::Answered);
+}
+
+void CommandRunner::connectCommandLine()
+{
+    using Model = Talvir::Vexa::Cs::CommandLineModel;
+    Model* model = m_context.commandLineModel;
+    connect(model, &Model::commandEntered, this, &CommandRunner::post);
+    connect(model, &Model::answerEntered, this, &CommandRunner::onAnswerEntered);
+    connect(model, &Model::repeatRequested, this, &CommandRunner::onRepeatRequested);
+    connect(model, &Model::commandsListed, this, &CommandRunner::onCommandsListed);
+    connect(model, &Model::cancelRequested, this, &CommandRunner::onCancelRequested);
+    connect(model, &Model::unknownCommand, this,
+            [this](const QString&, const QString& message) { print(message, CommandLine::Error); });
+}
+
+// The ribbon's property fields set the drawing's layer, line width and text height without a
+// command. They are recorded as the commands that set the same property, so that a replay
+// draws with them too; a change made by a finishing command is that command's own.
+void CommandRunner::connectPropertyFields()
+{
+    using Answer = Talvir::Vexa::Cs::InputAnswer;
+    Drawing* drawing = m_context.drawing;
+    connect(drawing, &Drawing::currentLayerChanged, this, [this](const QString& layer) {
+        recordProperty(QStringLiteral("clayer"), Answer::fromText(layer, 1));
+    });
+    connect(drawing, &Drawing::currentWidthChanged, this, [this](double width) {
+        recordProperty(QStringLiteral("lweight"), Answer::fromNumber(width, 1));
+    });
+    connect(drawing, &Drawing::textHeightChanged, this, [this](double height) {
+        recordProperty(QStringLiteral("textsize"), Answer::fromNumber(height, 1));
+    });
+}
+
+void CommandRunner::recordProperty(const QString& command, const Talvir::Vexa::Cs::InputAnswer& answer)
+{
+    if (m_finishing > 0)
+        return;
+    Talvir::Vexa::Cs::InputTranscript::Entry entry;
+    entry.command = command;
+    entry.steps = {answer};
+    record(entry);
+}
+
+void CommandRunner::connectSession(InputSession* session)
+{
+    connect(session, &InputSession::finished, this, &CommandRunner::onSessionFinished);
+    connect(session, &InputSession::promptChanged, this, &CommandRunner::onPromptChanged);
+    connect(session, &InputSession::triggered, this, &CommandRunner::onTriggered);
+    connect(session, &InputSession::undone, this, &CommandRunner::onUndone);
+    connect(session, &InputSession::formRequested, this, &CommandRunner::onFormRequested);
+    connect(session, &InputSession::answersChanged, this, &CommandRunner::onAnswersChanged);
+    connect(session, &InputSession::selectionChanged, m_context.view, &DrawingView::setHighlighted);
+    connect(session, &InputSession::echoed, this,
             [this](const QString& text) { print(text, CommandLine::Input); });
-    connect(session, &CommandSession::rejected, this,
+    connect(session, &InputSession::rejected, this,
             [this](const QString& text) { print(text, CommandLine::Error); });
 }
 
@@ -257,26 +342,116 @@ void CommandRunner::schedule()
 
 void CommandRunner::showPrompt()
 {
-    CommandSession* session = m_sessions.isEmpty() ? nullptr : m_sessions.last();
-    const CommandSession::Parameter* parameter = session ? session->current() : nullptr;
-    if (!parameter) {
+    InputSession* session = topSession();
+    if (!session || !session->current()) {
         m_context.commandLine->setPrompt(QString(), QStringLiteral("Type a command, or use the menus and the ribbon"));
         return;
     }
-    applyPrompt(session, QString::fromLocal8Bit(parameter->textProperty("prompt")),
-                QString::fromLocal8Bit(parameter->textProperty("format")));
+    applyPrompt(session, session->prompt(), session->format());
 }
 
-void CommandRunner::applyPrompt(CommandSession* session, const QString& prompt, const QString& format)
+void CommandRunner::applyPrompt(InputSession* session, const QString& prompt, const QString& format)
 {
-    const CommandSession::Parameter* parameter = session->current();
+    const Talvir::Vexa::Cs::Parameter* parameter = session->current();
     if (!parameter)
         return;
     m_context.commandLine->setPrompt(prompt, format);
     trace(QStringLiteral("prompt %1").arg(prompt));
     m_context.view->setReferencePoint(session->lastPoint());
-    const bool point = parameter->type() == CommandSession::Parameter::TypePoint;
+    const bool point = parameter->type() == Talvir::Vexa::Cs::Parameter::TypePoint;
     m_context.view->setRubberBand(point && session->commandTemplate()->inteProperty("rt_echo") != 0);
+}
+
+void CommandRunner::preview(const QList<QPointF>& points)
+{
+    QStringList shown;
+    for (const QPointF& point : points)
+        shown.append(Talvir::Vexa::Cs::InputGrammar::formatPoint(point));
+    trace(QStringLiteral("preview %1").arg(shown.join(QLatin1Char(' '))));
+    m_context.view->setPreview(QPolygonF(QVector<QPointF>(points.begin(), points.end())));
+}
+
+void CommandRunner::setRecordFile(const QString& path)
+{
+    m_recordFile = path;
+    m_transcript.clear();
+    saveTranscript();
+}
+
+void CommandRunner::record(const Talvir::Vexa::Cs::InputTranscript::Entry& entry)
+{
+    if (m_recordFile.isEmpty())
+        return;
+    m_transcript.append(entry);
+    saveTranscript();
+}
+
+void CommandRunner::recordSession(const InputSession& session)
+{
+    if (m_recordFile.isEmpty())
+        return;
+    m_transcript.append(session);
+    saveTranscript();
+}
+
+// The whole transcript is written after every command, so that the file is complete whenever
+// the program stops.
+void CommandRunner::saveTranscript()
+{
+    QString error;
+    if (!m_transcript.save(m_recordFile, &error))
+        print(error, CommandLine::Error);
+}
+
+void CommandRunner::replay(const Talvir::Vexa::Cs::InputTranscript::Entry& entry)
+{
+    m_replay = entry;
+    InputSession* session = topSession();
+    if (session && session->name() == entry.command && session->steps().isEmpty()) {
+        applyReplay(session);
+        return;
+    }
+    if (!post(entry.command)) {
+        m_replay.reset();
+        emit replayFailed(entry.line, QStringLiteral("%1 cannot be posted").arg(entry.command));
+    }
+}
+
+bool CommandRunner::replayPending() const
+{
+    return m_replay.has_value();
+}
+
+void CommandRunner::abandonReplay()
+{
+    m_replay.reset();
+}
+
+// The recorded steps go to the session in order; a recorded cancel cancels it.
+void CommandRunner::applyReplay(InputSession* session)
+{
+    const Talvir::Vexa::Cs::InputTranscript::Entry entry = *m_replay;
+    m_replay.reset();
+    for (int i = 0; i < entry.steps.size(); ++i) {
+        if (session->isFinished()) {
+            emit replayFailed(entry.line, QStringLiteral("%1 ended before its step %2").arg(entry.command).arg(i + 1));
+            return;
+        }
+        if (!session->apply(entry.steps.at(i))) {
+            emit replayFailed(entry.line, QStringLiteral("%1 refused its step %2").arg(entry.command).arg(i + 1));
+            session->cancel();
+            return;
+        }
+    }
+    if (!entry.completed)
+        session->cancel();
+    else if (!session->isFinished())
+        emit replayFailed(entry.line, QStringLiteral("%1 did not end with its steps").arg(entry.command));
+}
+
+CommandRunner::InputSession* CommandRunner::topSession() const
+{
+    return m_sessions.isEmpty() ? nullptr : m_sessions.last();
 }
 
 int CommandRunner::levelOf(const QString& name)

@@ -2,7 +2,7 @@
 
 #include "CommandLine.h"
 #include "CommandRunner.h"
-#include "CommandSession.h"
+#include <CommandSystem/InputSession.h>
 #include "Drawing.h"
 #include "Operations.h"
 
@@ -21,13 +21,13 @@ void add(SketchContext& context, const QString& text, const Entity& entity)
     Operations::commit(context, text, {}, {entity});
 }
 
-void line(SketchContext& context, CommandSession& session, Stage stage)
+void line(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage == Operations::Undo) {
         context.undoStack->undo();
         return;
     }
-    const QList<QPointF> points = session.allPoints();
+    const QList<QPointF> points = session.points();
     if (stage != Operations::Trigger || points.size() < 2)
         return;
     Entity entity = context.drawing->newEntity(QStringLiteral("line"));
@@ -35,9 +35,11 @@ void line(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Line"), entity);
 }
 
-void polyline(SketchContext& context, CommandSession& session, Stage stage)
+void polyline(SketchContext& context, InputSession& session, Stage stage)
 {
-    const QList<QPointF> points = session.allPoints();
+    const QList<QPointF> points = session.points();
+    if (stage == Operations::Answered)
+        context.runner->preview(points);
     if (stage != Operations::Finish || points.size() < 2)
         return;
     Entity entity = context.drawing->newEntity(QStringLiteral("polyline"));
@@ -46,7 +48,7 @@ void polyline(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Polyline"), entity);
 }
 
-void rectangle(SketchContext& context, CommandSession& session, Stage stage)
+void rectangle(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -67,7 +69,7 @@ QVector<QPointF> ring(const QPointF& centre, const QPointF& u, const QPointF& v,
     return points;
 }
 
-void polygon(SketchContext& context, CommandSession& session, Stage stage)
+void polygon(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -81,7 +83,7 @@ void polygon(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Polygon"), entity);
 }
 
-void point(SketchContext& context, CommandSession& session, Stage stage)
+void point(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -90,7 +92,7 @@ void point(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Point"), entity);
 }
 
-void circle(SketchContext& context, CommandSession& session, Stage stage)
+void circle(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -100,7 +102,7 @@ void circle(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Circle"), entity);
 }
 
-void circle2p(SketchContext& context, CommandSession& session, Stage stage)
+void circle2p(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -111,7 +113,7 @@ void circle2p(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Circle"), entity);
 }
 
-void arc(SketchContext& context, CommandSession& session, Stage stage)
+void arc(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -129,7 +131,7 @@ void arc(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Arc"), entity);
 }
 
-void ellipse(SketchContext& context, CommandSession& session, Stage stage)
+void ellipse(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -144,9 +146,9 @@ void ellipse(SketchContext& context, CommandSession& session, Stage stage)
 }
 
 // A Catmull-Rom curve through the fit points, kept as a fine polyline.
-void spline(SketchContext& context, CommandSession& session, Stage stage)
+void spline(SketchContext& context, InputSession& session, Stage stage)
 {
-    const QList<QPointF> fit = session.allPoints();
+    const QList<QPointF> fit = session.points();
     if (stage != Operations::Finish || fit.size() < 2)
         return;
     Entity entity = context.drawing->newEntity(QStringLiteral("spline"));
@@ -163,7 +165,7 @@ void spline(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Spline"), entity);
 }
 
-void text(SketchContext& context, CommandSession& session, Stage stage)
+void text(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -175,7 +177,7 @@ void text(SketchContext& context, CommandSession& session, Stage stage)
     add(context, QStringLiteral("Text"), entity);
 }
 
-void dimension(SketchContext& context, CommandSession& session, bool aligned)
+void dimension(SketchContext& context, InputSession& session, bool aligned)
 {
     QPointF a = session.point(1);
     QPointF b = session.point(2);
@@ -191,7 +193,7 @@ void dimension(SketchContext& context, CommandSession& session, bool aligned)
     add(context, QStringLiteral("Dimension"), entity);
 }
 
-void dimradius(SketchContext& context, CommandSession& session, Stage stage)
+void dimradius(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -225,11 +227,11 @@ void DrawOperations::registerAll(Operations& operations)
     operations.add(QStringLiteral("ellipse"), ellipse);
     operations.add(QStringLiteral("spline"), spline);
     operations.add(QStringLiteral("text"), text);
-    operations.add(QStringLiteral("dimlinear"), [](SketchContext& c, CommandSession& s, Stage stage) {
+    operations.add(QStringLiteral("dimlinear"), [](SketchContext& c, InputSession& s, Stage stage) {
         if (stage == Operations::Finish)
             dimension(c, s, false);
     });
-    operations.add(QStringLiteral("dimaligned"), [](SketchContext& c, CommandSession& s, Stage stage) {
+    operations.add(QStringLiteral("dimaligned"), [](SketchContext& c, InputSession& s, Stage stage) {
         if (stage == Operations::Finish)
             dimension(c, s, true);
     });

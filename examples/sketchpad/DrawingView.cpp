@@ -249,8 +249,18 @@ void DrawingView::drawGrid(QPainter* painter, const QRectF& rect) const
     }
 }
 
+void DrawingView::setPreview(const QPolygonF& path)
+{
+    m_preview = path;
+    viewport()->update();
+}
+
 void DrawingView::drawForeground(QPainter* painter, const QRectF&)
 {
+    if (m_preview.size() > 1) {
+        painter->setPen(QPen(QColor(0x1f, 0x4e, 0x8c), 0));
+        painter->drawPolyline(m_preview);
+    }
     if (!m_rubberBand || !m_reference || !m_cursor)
         return;
     painter->setPen(QPen(QColor(0xe0, 0x7a, 0x1f), 0, Qt::DashLine));

@@ -6,6 +6,7 @@
 #include <QGraphicsView>
 #include <QHash>
 #include <QList>
+#include <QPolygonF>
 #include <QSet>
 #include <QTransform>
 
@@ -43,6 +44,8 @@ public:
     void setReferencePoint(std::optional<QPointF> point);
     void setRubberBand(bool enabled);
     void setHighlighted(const QList<int>& ids);
+    // A shape still being drawn, shown on top of the drawing; empty hides it.
+    void setPreview(const QPolygonF& path);
 
     bool isGridVisible() const { return m_grid; }
     bool isSnapOn() const { return m_snap; }
@@ -93,6 +96,7 @@ private:
     QList<QPair<QTransform, QPointF>> m_previousViews;
     std::optional<QPointF> m_reference;
     std::optional<QPointF> m_cursor;
+    QPolygonF m_preview;
     bool m_rubberBand = false;
     bool m_grid = true;
     bool m_snap = false;

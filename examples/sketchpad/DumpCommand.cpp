@@ -13,6 +13,7 @@ DumpCommand::DumpCommand(Drawing* drawing, CommandRunner* runner)
 void DumpCommand::execute()
 {
     m_runner->trace(QStringLiteral("run dump"));
+    m_runner->ran(objectName());
     const QList<Entity> entities = m_drawing->entities();
     m_runner->trace(QStringLiteral("dump %1 entities").arg(entities.size()));
     for (const Entity& entity : entities)

@@ -15,13 +15,16 @@
 
 #include <CommandSystem/Action.h>
 #include <CommandSystem/ActionPool.h>
+#include <CommandSystem/AliasTable.h>
 #include <CommandSystem/Builder.h>
+#include <CommandSystem/CommandLineModel.h>
 #include <CommandSystem/CommandPalette.h>
 #include <CommandSystem/CommandSearchModel.h>
 #include <CommandSystem/Keymap.h>
 #include <CommandSystem/ShortcutScheme.h>
 #include <CommandSystem/Template.h>
 #include <CommandSystem/TemplatePool.h>
+#include <CommandSystem/TemplateTools.h>
 #include <CommandSystem/WidgetMapper.h>
 
 #include <QCoreApplication>
@@ -59,6 +62,28 @@ QString panelOf(const QString& form)
     return form.section(QLatin1Char('/'), 1);
 }
 
+QStringList templateDirectories(const QDir& catalogue)
+{
+    return {catalogue.filePath(QStringLiteral("templates")), catalogue.filePath(QStringLiteral("templates/view"))};
+}
+
+// Every template name of the catalogue, read from its template files.
+QStringList templateNames(const QDir& catalogue)
+{
+    QStringList names;
+    Talvir::Vexa::Cs::TemplateTools tools;
+    for (const QString& directory : templateDirectories(catalogue)) {
+        for (const QFileInfo& file : QDir(directory).entryInfoList({QStringLiteral("*.tcmd")}, QDir::Files)) {
+            QList<Talvir::Vexa::Cs::Template*> loaded;
+            tools.loadTemplate(file.absoluteFilePath(), loaded);
+            for (const Talvir::Vexa::Cs::Template* commandTemplate : loaded)
+                names.append(commandTemplate->objectName());
+            qDeleteAll(loaded);
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 MainWindow::MainWindow(const QString& catalogue, QWidget* parent)
@@ -70,7 +95,8 @@ MainWindow::MainWindow(const QString& catalogue, QWidget* parent)
     m_context.window = this;
     m_context.drawing = new Drawing(this);
     m_context.view = new DrawingView(m_context.drawing, this);
-    m_context.commandLine = new CommandLine(this);
+    m_context.commandLineModel = new Talvir::Vexa::Cs::CommandLineModel(this);
+    m_context.commandLine = new CommandLine(m_context.commandLineModel, this);
     m_context.undoStack = new QUndoStack(this);
     m_context.progress = new QProgressBar(this);
     loadCatalogue(catalogue);
@@ -101,9 +127,9 @@ MainWindow::MainWindow(const QString& catalogue, QWidget* parent)
     buildRibbon();
     buildCommandLine();
     buildStatusBar();
+    setUpCommandNames(catalogue);
     // Clones follow their action's shortcut, so shortcuts come once every clone is made.
     applyCatalogueShortcuts(catalogue);
-    loadAliases(catalogue);
     buildSearchAndShortcuts();
     m_context.runner->showPrompt();
 }
@@ -143,8 +169,7 @@ void MainWindow::loadCatalogue(const QString& catalogue)
     const QDir root(catalogue);
     auto* templates = new Talvir::Vexa::Cs::TemplatePool;
     templates->setParent(this);
-    templates->appendDirectory(root.filePath(QStringLiteral("templates")));
-    templates->appendDirectory(root.filePath(QStringLiteral("templates/view")));
+    templates->appendDirectoryList(templateDirectories(root));
     templates->load();
     m_context.templates = templates;
 
@@ -237,11 +262,27 @@ void MainWindow::buildCommandLine()
     dock->setWidget(m_context.commandLine);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
     resizeDocks({dock}, {150}, Qt::Vertical);
-    connect(m_context.commandLine, &CommandLine::lineEntered, m_context.runner, &CommandRunner::onLineEntered);
-    connect(m_context.commandLine, &CommandLine::cancelRequested, m_context.runner, &CommandRunner::onCancelRequested);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, m_context.runner, &CommandRunner::onCancelRequested);
+    connect(escape, &QShortcut::activated, m_context.commandLineModel, &Talvir::Vexa::Cs::CommandLineModel::escape);
     m_context.commandLine->setFocus();
+}
+
+// What can be typed: the catalogue's commands, the program's own, and the aliases of the
+// catalogue's alias file, whose problems are shown in the command line's history. The aliases
+// serve the command palette and the shortcut checks as well.
+void MainWindow::setUpCommandNames(const QString& catalogue)
+{
+    const QDir root(catalogue);
+    const QStringList commands = templateNames(root) << QStringLiteral("dump");
+    const QString aliasFile = root.filePath(QStringLiteral("commands.aliases"));
+    if (QFileInfo::exists(aliasFile))
+        m_aliases.load(aliasFile);
+    for (const QString& problem : m_aliases.errors() + m_aliases.check(commands))
+        m_context.commandLine->appendHistory(problem, CommandLine::Error);
+    Talvir::Vexa::Cs::CommandLineModel* model = m_context.commandLineModel;
+    model->setCommands(commands);
+    model->setAliases(m_aliases);
+    model->setHelpCommand(QStringLiteral("help"));
 }
 
 // UI definition files carry no shortcuts; the catalogue gives its own in a keymap beside them.
@@ -257,15 +298,6 @@ void MainWindow::applyCatalogueShortcuts(const QString& catalogue)
     }
     for (const QString& name : defaults.applyTo(*m_context.actions))
         report(QStringLiteral("%1: no action %2 for its shortcut").arg(defaults.location(name).toString(), name));
-}
-
-void MainWindow::loadAliases(const QString& catalogue)
-{
-    const QString path = QDir(catalogue).filePath(QStringLiteral("commands.aliases"));
-    if (QFileInfo::exists(path) && !m_aliases.load(path)) {
-        for (const QString& error : m_aliases.errors())
-            report(error);
-    }
 }
 
 // The command palette (Ctrl+Shift+P) and the shortcuts dialog, both in the Tools menu. The

@@ -51,8 +51,8 @@ private:
     void buildRibbon();
     void buildStatusBar();
     void buildCommandLine();
+    void setUpCommandNames(const QString& catalogue);
     void applyCatalogueShortcuts(const QString& catalogue);
-    void loadAliases(const QString& catalogue);
     void buildSearchAndShortcuts();
     QMenu* menuTitled(const QString& title);
     void openShortcutsDialog();

@@ -3,7 +3,7 @@
 #include "ArrayWork.h"
 #include "CommandLine.h"
 #include "CommandRunner.h"
-#include "CommandSession.h"
+#include <CommandSystem/InputSession.h>
 #include "Drawing.h"
 #include "Operations.h"
 
@@ -45,7 +45,7 @@ QList<Entity> copies(SketchContext& context, const QList<int>& ids, const QTrans
     return result;
 }
 
-void move(SketchContext& context, CommandSession& session, Stage stage)
+void move(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -53,7 +53,7 @@ void move(SketchContext& context, CommandSession& session, Stage stage)
     reshape(context, QStringLiteral("Move"), session.entities(1), QTransform::fromTranslate(d.x(), d.y()));
 }
 
-void copy(SketchContext& context, CommandSession& session, Stage stage)
+void copy(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Trigger)
         return;
@@ -62,7 +62,7 @@ void copy(SketchContext& context, CommandSession& session, Stage stage)
                        copies(context, session.entities(1), QTransform::fromTranslate(d.x(), d.y())));
 }
 
-void rotate(SketchContext& context, CommandSession& session, Stage stage)
+void rotate(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -70,7 +70,7 @@ void rotate(SketchContext& context, CommandSession& session, Stage stage)
             about(session.point(2), QTransform().rotate(session.number(3))));
 }
 
-void scale(SketchContext& context, CommandSession& session, Stage stage)
+void scale(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -79,7 +79,7 @@ void scale(SketchContext& context, CommandSession& session, Stage stage)
             about(session.point(2), QTransform::fromScale(factor, factor)));
 }
 
-void mirror(SketchContext& context, CommandSession& session, Stage stage)
+void mirror(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -94,7 +94,7 @@ void mirror(SketchContext& context, CommandSession& session, Stage stage)
     Operations::commit(context, QStringLiteral("Mirror"), removed, copies(context, ids, transform));
 }
 
-void eraseEntities(SketchContext& context, CommandSession& session, Stage stage)
+void eraseEntities(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -103,7 +103,7 @@ void eraseEntities(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("%1 erased.").arg(removed.size()));
 }
 
-void offset(SketchContext& context, CommandSession& session, Stage stage)
+void offset(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -132,7 +132,7 @@ void offset(SketchContext& context, CommandSession& session, Stage stage)
     Operations::commit(context, QStringLiteral("Offset"), {}, {result});
 }
 
-void explode(SketchContext& context, CommandSession& session, Stage stage)
+void explode(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -157,7 +157,7 @@ void explode(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("%1 exploded into %2 lines.").arg(removed.size()).arg(added.size()));
 }
 
-void stretch(SketchContext& context, CommandSession& session, Stage stage)
+void stretch(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -182,7 +182,7 @@ void stretch(SketchContext& context, CommandSession& session, Stage stage)
     Operations::commit(context, QStringLiteral("Stretch"), before, after);
 }
 
-void array(SketchContext& context, CommandSession& session, Stage stage)
+void array(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;

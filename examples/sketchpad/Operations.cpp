@@ -1,6 +1,6 @@
 #include "Operations.h"
 
-#include "CommandSession.h"
+#include <CommandSystem/InputSession.h>
 #include "DrawingUndoCommand.h"
 
 #include <CommandSystem/Template.h>
@@ -17,7 +17,7 @@ void Operations::add(const QString& function, const Handler& handler)
     m_handlers.insert(function, handler);
 }
 
-bool Operations::run(CommandSession& session, Stage stage)
+bool Operations::run(InputSession& session, Stage stage)
 {
     const QString function = QString::fromUtf8(session.commandTemplate()->textProperty("function"));
     const auto handler = m_handlers.constFind(function);

@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTest>
-#include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
@@ -47,6 +46,7 @@ ScriptRunner::ScriptRunner(MainWindow* window, const QString& scriptPath,
     connect(context.runner, &CommandRunner::traced, this, &ScriptRunner::print);
     connect(context.commandLine, &CommandLine::historyAppended, this,
             [this](const QString& text) { print(QStringLiteral("| ") + text); });
+    connect(context.runner, &CommandRunner::replayFailed, this, &ScriptRunner::onReplayFailed);
 }
 
 bool ScriptRunner::start()
@@ -61,9 +61,25 @@ bool ScriptRunner::start()
                      qPrintable(file.errorString()));
         return false;
     }
-    QTextStream in(&file);
-    while (!in.atEnd())
-        m_lines.append(in.readLine());
+    const QString text = QString::fromUtf8(file.readAll());
+    if (Talvir::Vexa::Cs::InputTranscript::isTranscript(text))
+        return readTranscript(text);
+    m_lines = text.split(QLatin1Char('\n'));
+    QTimer::singleShot(0, this, &ScriptRunner::step);
+    return true;
+}
+
+// A transcript's bad lines count as failed steps; its good commands are still replayed.
+bool ScriptRunner::readTranscript(const QString& text)
+{
+    Talvir::Vexa::Cs::InputTranscript transcript;
+    if (!transcript.loadText(text, m_scriptPath)) {
+        for (const QString& error : transcript.errors())
+            print(QStringLiteral("script error: ") + error);
+        m_failures += transcript.errors().size();
+    }
+    m_replay = transcript.entries();
+    m_isTranscript = true;
     QTimer::singleShot(0, this, &ScriptRunner::step);
     return true;
 }
@@ -72,6 +88,10 @@ void ScriptRunner::step()
 {
     if (!m_window->context().runner->isIdle()) {
         QTimer::singleShot(kRetryMilliseconds, this, &ScriptRunner::step);
+        return;
+    }
+    if (m_isTranscript) {
+        replayStep();
         return;
     }
     while (m_next < m_lines.size()) {
@@ -90,6 +110,29 @@ void ScriptRunner::step()
         return;
     }
     finish();
+}
+
+void ScriptRunner::replayStep()
+{
+    CommandRunner* runner = m_window->context().runner;
+    if (runner->replayPending()) {
+        onReplayFailed(m_replay.at(m_next - 1).line, QStringLiteral("%1 did not start").arg(m_replay.at(m_next - 1).command));
+        runner->abandonReplay();
+    }
+    if (m_next == m_replay.size()) {
+        finish();
+        return;
+    }
+    const Talvir::Vexa::Cs::InputTranscript::Entry& entry = m_replay.at(m_next++);
+    print(QStringLiteral("replay %1").arg(entry.command));
+    runner->replay(entry);
+    QTimer::singleShot(0, this, &ScriptRunner::step);
+}
+
+void ScriptRunner::onReplayFailed(int line, const QString& reason)
+{
+    print(QStringLiteral("script error at line %1: run %2").arg(line).arg(reason));
+    ++m_failures;
 }
 
 void ScriptRunner::print(const QString& text)

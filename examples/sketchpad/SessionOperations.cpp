@@ -2,7 +2,7 @@
 
 #include "CommandLine.h"
 #include "CommandRunner.h"
-#include "CommandSession.h"
+#include <CommandSystem/InputSession.h>
 #include "Drawing.h"
 #include "DrawingView.h"
 #include "Operations.h"
@@ -20,7 +20,7 @@ namespace {
 
 using Stage = Operations::Stage;
 
-void clearDrawing(SketchContext& context, CommandSession&, Stage stage)
+void clearDrawing(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -29,7 +29,7 @@ void clearDrawing(SketchContext& context, CommandSession&, Stage stage)
     context.runner->print(QStringLiteral("New drawing."));
 }
 
-void save(SketchContext& context, CommandSession& session, Stage stage)
+void save(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -50,7 +50,7 @@ void save(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("Saved %1 entities to %2.").arg(context.drawing->entities().size()).arg(path));
 }
 
-void exportImage(SketchContext& context, CommandSession& session, Stage stage)
+void exportImage(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -79,13 +79,13 @@ void exportImage(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("Exported %1.").arg(path));
 }
 
-void quit(SketchContext& context, CommandSession&, Stage stage)
+void quit(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage == Operations::Finish)
         context.window->close();
 }
 
-void undo(SketchContext& context, CommandSession&, Stage stage)
+void undo(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -97,7 +97,7 @@ void undo(SketchContext& context, CommandSession&, Stage stage)
     context.undoStack->undo();
 }
 
-void redo(SketchContext& context, CommandSession&, Stage stage)
+void redo(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -109,13 +109,13 @@ void redo(SketchContext& context, CommandSession&, Stage stage)
     context.undoStack->redo();
 }
 
-void cancel(SketchContext& context, CommandSession&, Stage stage)
+void cancel(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage == Operations::Finish)
         context.runner->cancelActive();
 }
 
-void repeat(SketchContext& context, CommandSession&, Stage stage)
+void repeat(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage != Operations::Finish)
         return;

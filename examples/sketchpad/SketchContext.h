@@ -1,7 +1,7 @@
 #ifndef SKETCHPAD_SKETCHCONTEXT_H
 #define SKETCHPAD_SKETCHCONTEXT_H
 
-namespace Talvir { namespace Vexa { namespace Cs { class ActionPool; class TemplatePool; } } }
+namespace Talvir { namespace Vexa { namespace Cs { class ActionPool; class CommandLineModel; class TemplatePool; } } }
 class CommandLine;
 class CommandRunner;
 class Drawing;
@@ -16,6 +16,7 @@ struct SketchContext {
     Drawing* drawing = nullptr;
     DrawingView* view = nullptr;
     CommandLine* commandLine = nullptr;
+    Talvir::Vexa::Cs::CommandLineModel* commandLineModel = nullptr;
     QUndoStack* undoStack = nullptr;
     CommandRunner* runner = nullptr;
     Talvir::Vexa::Cs::TemplatePool* templates = nullptr;

@@ -2,10 +2,11 @@
 
 #include "CommandLine.h"
 #include "CommandRunner.h"
-#include "CommandSession.h"
+#include <CommandSystem/InputSession.h>
 #include "Drawing.h"
 #include "Operations.h"
 
+#include <CommandSystem/CommandLineModel.h>
 #include <CommandSystem/Parameter.h>
 #include <CommandSystem/Template.h>
 #include <CommandSystem/TemplatePool.h>
@@ -24,7 +25,7 @@ const char* const kTypeWords[] = {"null", "string", "number", "distance", "angle
                                   "option", "continue", "form", "window", "command", "pin"};
 
 // Decimals for reported values: the "cif" property of the parameter, three when absent.
-int decimals(CommandSession& session, int luid)
+int decimals(InputSession& session, int luid)
 {
     for (const Parameter* parameter : session.commandTemplate()->parameters()) {
         if (parameter->luid() == luid && parameter->inteProperty("cif") > 0)
@@ -49,7 +50,7 @@ void setLayer(SketchContext& context, const QString& name)
         context.runner->print(QStringLiteral("Current layer: %1").arg(name));
 }
 
-void layer(SketchContext& context, CommandSession& session, Stage stage)
+void layer(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage == Operations::Form) {
         printLayers(context);
@@ -69,13 +70,13 @@ void layer(SketchContext& context, CommandSession& session, Stage stage)
     }
 }
 
-void clayer(SketchContext& context, CommandSession& session, Stage stage)
+void clayer(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage == Operations::Finish)
         setLayer(context, session.text(1));
 }
 
-void lweight(SketchContext& context, CommandSession& session, Stage stage)
+void lweight(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -83,7 +84,7 @@ void lweight(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("Line width: %1 mm").arg(Entity::formatNumber(session.number(1), 2)));
 }
 
-void textsize(SketchContext& context, CommandSession& session, Stage stage)
+void textsize(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -91,7 +92,7 @@ void textsize(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("Text height: %1").arg(Entity::formatNumber(session.number(1))));
 }
 
-void dist(SketchContext& context, CommandSession& session, Stage stage)
+void dist(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -104,7 +105,7 @@ void dist(SketchContext& context, CommandSession& session, Stage stage)
                                    Entity::formatNumber(b.x() - a.x(), n), Entity::formatNumber(b.y() - a.y(), n)));
 }
 
-void id(SketchContext& context, CommandSession& session, Stage stage)
+void id(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -113,7 +114,7 @@ void id(SketchContext& context, CommandSession& session, Stage stage)
     context.runner->print(QStringLiteral("X = %1  Y = %2").arg(Entity::formatNumber(p.x(), n), Entity::formatNumber(p.y(), n)));
 }
 
-void list(SketchContext& context, CommandSession& session, Stage stage)
+void list(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -121,7 +122,7 @@ void list(SketchContext& context, CommandSession& session, Stage stage)
         context.runner->print(QStringLiteral("#%1 %2").arg(entity.id).arg(entity.describe()));
 }
 
-void area(SketchContext& context, CommandSession& session, Stage stage)
+void area(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -148,14 +149,19 @@ void area(SketchContext& context, CommandSession& session, Stage stage)
                               .arg(Entity::formatNumber(area, n), Entity::formatNumber(perimeter, n)));
 }
 
-void help(SketchContext& context, CommandSession& session, Stage stage)
+void help(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
-    const QString name = session.text(1);
+    const QString typed = session.text(1);
+    const QString name = context.commandLineModel->resolve(typed);
+    if (name.isNull()) {
+        context.runner->print(QStringLiteral("There is no command \"%1\".").arg(typed), CommandLine::Error);
+        return;
+    }
     Talvir::Vexa::Cs::Template* commandTemplate = context.templates->getTemplate(name);
     if (!commandTemplate) {
-        context.runner->print(QStringLiteral("There is no command \"%1\".").arg(name), CommandLine::Error);
+        context.runner->print(QStringLiteral("%1 asks for nothing.").arg(name));
         return;
     }
     context.runner->print(QStringLiteral("%1 asks for:").arg(name));
@@ -166,7 +172,7 @@ void help(SketchContext& context, CommandSession& session, Stage stage)
     }
 }
 
-void about(SketchContext& context, CommandSession&, Stage stage)
+void about(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage == Operations::Finish)
         context.runner->print(QStringLiteral("Sketchpad, the reference host of CommandSystem %1.")

@@ -2,7 +2,7 @@
 
 #include "CommandLine.h"
 #include "CommandRunner.h"
-#include "CommandSession.h"
+#include <CommandSystem/InputSession.h>
 #include "DrawingView.h"
 #include "Operations.h"
 
@@ -25,7 +25,7 @@ void showState(SketchContext& context, const QString& script, bool on)
     context.runner->print(QStringLiteral("%1 is %2.").arg(script, on ? QStringLiteral("on") : QStringLiteral("off")));
 }
 
-void zoom(SketchContext& context, CommandSession& session, Stage stage)
+void zoom(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage != Operations::Finish)
         return;
@@ -43,13 +43,13 @@ void zoom(SketchContext& context, CommandSession& session, Stage stage)
         context.runner->print(QStringLiteral("No previous view."), CommandLine::Error);
 }
 
-void pan(SketchContext& context, CommandSession& session, Stage stage)
+void pan(SketchContext& context, InputSession& session, Stage stage)
 {
     if (stage == Operations::Finish)
         context.view->pan(session.point(1), session.point(2));
 }
 
-void regen(SketchContext& context, CommandSession&, Stage stage)
+void regen(SketchContext& context, InputSession&, Stage stage)
 {
     if (stage == Operations::Finish)
         context.view->regenerate();
@@ -60,7 +60,7 @@ using Getter = bool (DrawingView::*)() const;
 
 Operations::Handler onOff(const QString& script, Setter setter)
 {
-    return [script, setter](SketchContext& context, CommandSession& session, Stage stage) {
+    return [script, setter](SketchContext& context, InputSession& session, Stage stage) {
         if (stage != Operations::Finish)
             return;
         const bool on = session.text(1) == QLatin1String("on");
@@ -71,7 +71,7 @@ Operations::Handler onOff(const QString& script, Setter setter)
 
 Operations::Handler flip(const QString& script, Getter getter, Setter setter)
 {
-    return [script, getter, setter](SketchContext& context, CommandSession&, Stage stage) {
+    return [script, getter, setter](SketchContext& context, InputSession&, Stage stage) {
         if (stage != Operations::Finish)
             return;
         const bool on = !(context.view->*getter)();

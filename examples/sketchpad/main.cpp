@@ -1,5 +1,6 @@
 // Sketchpad: a small 2D drafting program, the reference host of the CommandSystem library.
 
+#include "CommandRunner.h"
 #include "MainWindow.h"
 #include "ScriptRunner.h"
 
@@ -31,11 +32,15 @@ int main(int argc, char* argv[])
     const QCommandLineOption catalogue(QStringLiteral("catalogue"),
                                        QStringLiteral("Read templates/ and ui/ from <folder>."),
                                        QStringLiteral("folder"), QStringLiteral(SKETCHPAD_CATALOGUE_DIR));
+    const QCommandLineOption record(QStringLiteral("record"),
+                                    QStringLiteral("Write every command run, with its answers, to the transcript <file>; "
+                                                   "--script replays such a file."),
+                                    QStringLiteral("file"));
     const QCommandLineOption keymap(QStringLiteral("keymap"),
                                     QStringLiteral("Read and save your shortcuts in <file> (default: shortcuts.keymap "
                                                    "in the settings folder)."),
                                     QStringLiteral("file"));
-    parser.addOptions({script, screenshot, catalogue, keymap});
+    parser.addOptions({script, screenshot, catalogue, record, keymap});
     parser.process(app);
 
     const QString folder = parser.value(catalogue);
@@ -44,6 +49,8 @@ int main(int argc, char* argv[])
         return 2;
     }
     MainWindow window(folder);
+    if (parser.isSet(record))
+        window.context().runner->setRecordFile(parser.value(record));
     window.loadUserKeymap(parser.isSet(keymap)
                               ? parser.value(keymap)
                               : QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))

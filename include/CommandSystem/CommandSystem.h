@@ -39,5 +39,11 @@
 #include <CommandSystem/NameMatcher.h>
 
 #include <CommandSystem/AliasTable.h>
+#include <CommandSystem/CommandLineModel.h>
+#include <CommandSystem/InputAnswer.h>
+#include <CommandSystem/InputGrammar.h>
+#include <CommandSystem/InputPicker.h>
+#include <CommandSystem/InputSession.h>
+#include <CommandSystem/InputTranscript.h>
 
 #endif

@@ -1,8 +1,8 @@
 #include <CommandSystem/AliasTable.h>
 
 #include "input/AliasTableImpl.h"
+#include "input/TextFile.h"
 
-#include <QFile>
 #include <QSet>
 
 CS_BEGIN_NAMESPACE
@@ -86,19 +86,18 @@ AliasTable::~AliasTable()
 
 bool AliasTable::load(const QString& filePath)
 {
-    QFile file(filePath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        d->errors.append(QStringLiteral("%1: cannot read the file: %2").arg(filePath, file.errorString()));
+    QString text;
+    QString error;
+    if (!TextFile::read(filePath, &text, &error)) {
+        d->errors.append(error);
         return false;
     }
-    return loadText(QString::fromUtf8(file.readAll()), filePath);
+    return loadText(text, filePath);
 }
 
 bool AliasTable::loadText(const QString& text, const QString& fileName)
 {
-    QStringList lines = text.split(QLatin1Char('\n'));
-    if (!lines.isEmpty() && lines.first().startsWith(QChar(0xFEFF)))
-        lines.first().remove(0, 1);
+    const QStringList lines = TextFile::lines(text);
     QMap<QString, int> firstLines;
     bool good = true;
     for (int i = 0; i < lines.size(); ++i) {

@@ -20,10 +20,17 @@ private slots:
     void keysAndTextReachTheFocusedWidget();
     void failingStepSaysWhy_data();
     void failingStepSaysWhy();
+    void recordedDemoReplaysToTheSameDrawing();
+    void failingReplaySaysWhy_data();
+    void failingReplaySaysWhy();
+    void commandLineKeys();
+    void namesAliasesAndHelp();
+    void polylinePreviewGrows();
 
 private:
     QString writeScript(const QString& name, const QString& text);
-    static QStringList run(const QString& script, const QString& screenshot = QString());
+    static QStringList run(const QString& script, const QString& screenshot = QString(),
+                           const QStringList& more = QStringList());
     static QStringList linesStartingWith(const QStringList& output, const QString& prefix);
     static QStringList lastDump(const QStringList& output);
     static int indexOf(const QStringList& output, const QString& line, int from = 0);
@@ -32,10 +39,10 @@ private:
     QTemporaryDir m_dir;
 };
 
-QStringList tst_Sketchpad::run(const QString& script, const QString& screenshot)
+QStringList tst_Sketchpad::run(const QString& script, const QString& screenshot, const QStringList& more)
 {
     QProcess process;
-    QStringList arguments{QStringLiteral("--script"), script};
+    QStringList arguments = QStringList{QStringLiteral("--script"), script} + more;
     if (!screenshot.isEmpty())
         arguments << QStringLiteral("--screenshot") << screenshot;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -229,6 +236,111 @@ void tst_Sketchpad::failingStepSaysWhy()
     QVERIFY2(output.contains(QStringLiteral("script error at line 2: %1: %2").arg(step, reason)),
              qPrintable(output.join(QLatin1Char('\n'))));
     QVERIFY(output.contains(QStringLiteral("script end, 1 failed steps")));
+}
+
+// The demonstration is recorded as a transcript of commands and answers; replaying the
+// transcript draws the same part, with the same entity numbers, layers and widths.
+void tst_Sketchpad::recordedDemoReplaysToTheSameDrawing()
+{
+    const QString transcript = m_dir.filePath(QStringLiteral("demo.transcript"));
+    const QStringList recorded = run(QStringLiteral(SKETCHPAD_DEMO_SCRIPT), QString(),
+                                     {QStringLiteral("--record"), transcript});
+    QVERIFY(recorded.contains(QStringLiteral("script end, 0 failed steps")));
+    QFile file(transcript);
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QString text = QString::fromUtf8(file.readAll());
+    QVERIFY(text.startsWith(QLatin1String("# input transcript, version 1\n")));
+    QVERIFY(text.contains(QLatin1String("run clayer\n1 text Outline\ndone\n")));
+    QVERIFY(text.contains(QLatin1String("run copy\n1 entities 2\n1 enter\n")));
+
+    const QStringList replayed = run(transcript);
+    QVERIFY2(replayed.contains(QStringLiteral("script end, 0 failed steps")), qPrintable(replayed.join(QLatin1Char('\n'))));
+    QVERIFY(replayed.contains(QStringLiteral("replay rectangle")));
+    QVERIFY(!lastDump(recorded).isEmpty());
+    QCOMPARE(lastDump(replayed), lastDump(recorded));
+}
+
+void tst_Sketchpad::failingReplaySaysWhy_data()
+{
+    QTest::addColumn<QString>("transcript");
+    QTest::addColumn<QString>("failure");
+    const QString head = QStringLiteral("# input transcript, version 1\n");
+    QTest::newRow("refused step") << head + "run circle\n1 point 0,0\n2 number -4\ndone\n"
+                                  << "script error at line 2: run circle refused its step 2";
+    QTest::newRow("too few steps") << head + "run line\n1 point 0,0\ndone\n"
+                                   << "script error at line 2: run line did not end with its steps";
+    QTest::newRow("unknown command") << head + "run lnie\ndone\n" << "script error at line 2: run lnie cannot be posted";
+    QTest::newRow("bad line") << head + "2 enter\n" << "script error: %1:2: a step without a run before it";
+}
+
+void tst_Sketchpad::failingReplaySaysWhy()
+{
+    QFETCH(QString, transcript);
+    QFETCH(QString, failure);
+    const QString path = writeScript(QStringLiteral("failing.transcript"), transcript);
+    QVERIFY(!path.isEmpty());
+    const QStringList output = run(path);
+    QCOMPARE(output.value(0), QStringLiteral("sketchpad failed"));
+    QVERIFY2(output.contains(failure.contains(QLatin1String("%1")) ? failure.arg(path) : failure),
+             qPrintable(output.join(QLatin1Char('\n'))));
+    QVERIFY(output.contains(QStringLiteral("script end, 1 failed steps")));
+}
+
+// Tab completes and then steps through the candidates, Up recalls earlier lines, Return
+// enters, Esc cancels; typed points may be polar.
+void tst_Sketchpad::commandLineKeys()
+{
+    const QString script = writeScript(QStringLiteral("keys2.script"), QStringLiteral(
+        "text LI\nkey Tab\nkey Tab\nkey Return\n"
+        "type 0,0\ntext @20<45\nkey Return\nkey Return\n"
+        "key Up\nkey Up\nkey Down\nkey Up\nkey Up\nkey Return\nkey Escape\npause 20\nwait\n"
+        "text zo\nkey Tab\nkey Return\ntext ex\nkey Tab\nkey Return\n"
+        "type dump\n"));
+    QVERIFY(!script.isEmpty());
+    const QStringList output = run(script);
+    QVERIFY2(output.contains(QStringLiteral("script end, 0 failed steps")), qPrintable(output.join(QLatin1Char('\n'))));
+    QVERIFY(output.contains(QStringLiteral("| li  line  list")));
+    QCOMPARE(linesStartingWith(output, QStringLiteral("run ")),
+             (QStringList{QStringLiteral("line"), QStringLiteral("line"), QStringLiteral("cancel"), QStringLiteral("zoom"),
+                          QStringLiteral("dump")}));
+    QVERIFY(output.contains(QStringLiteral("| Specify next point or [Undo]: @20<45")));
+    QVERIFY(output.contains(QStringLiteral("end line cancelled")));
+    QVERIFY(output.contains(QStringLiteral("| Zoom [In/Out/Extents/Window/Previous]: Extents")));
+    QCOMPARE(lastDump(output), QStringList{QStringLiteral("entity #1 line layer=0 width=0.25 0,0 14.142,14.142")});
+}
+
+void tst_Sketchpad::namesAliasesAndHelp()
+{
+    const QString script = writeScript(QStringLiteral("names.script"), QStringLiteral(
+        "type l 1,1 2,2\ntype\ntype LINE 5,5 6,6\ntype\ntype C 0,0\ntype\ntype pol\ntype\ntype 0,0\ntype 5\n"
+        "type lnie\ntype zzzz\ntype help\ntype help L\ntype dump\n"));
+    QVERIFY(!script.isEmpty());
+    const QStringList output = run(script);
+    QVERIFY2(output.contains(QStringLiteral("script end, 0 failed steps")), qPrintable(output.join(QLatin1Char('\n'))));
+    QVERIFY(output.contains(QStringLiteral("| Unknown command \"lnie\". Did you mean line? Type help for a list.")));
+    QVERIFY(output.contains(QStringLiteral("| Unknown command \"zzzz\". Type help for a list.")));
+    QVERIFY(output.contains(QStringLiteral("| Commands, with their aliases:")));
+    QVERIFY(!linesStartingWith(output, QStringLiteral("|   circle (c)")).isEmpty());
+    QVERIFY(output.contains(QStringLiteral("| line asks for:")));
+    // Enter takes the default that a prompt shows, and cancels where there is none.
+    QVERIFY(output.contains(QStringLiteral("end circle cancelled")));
+    QVERIFY(output.contains(QStringLiteral("| Enter number of sides <4>: 4")));
+    QCOMPARE(lastDump(output), (QStringList{QStringLiteral("entity #1 line layer=0 width=0.25 1,1 2,2"),
+                                            QStringLiteral("entity #2 line layer=0 width=0.25 5,5 6,6"),
+                                            QStringLiteral("entity #3 polygon layer=0 width=0.25 0,5 -5,0 0,-5 5,0")}));
+}
+
+void tst_Sketchpad::polylinePreviewGrows()
+{
+    const QString script = writeScript(QStringLiteral("preview.script"), QStringLiteral(
+        "type polyline\ntype 0,0\ntype 10,0\ntype @0,10\ntype u\ntype 20,20\ntype\ntype dump\n"));
+    QVERIFY(!script.isEmpty());
+    const QStringList output = run(script);
+    QVERIFY2(output.contains(QStringLiteral("script end, 0 failed steps")), qPrintable(output.join(QLatin1Char('\n'))));
+    QCOMPARE(linesStartingWith(output, QStringLiteral("preview ")),
+             (QStringList{QStringLiteral("0,0"), QStringLiteral("0,0 10,0"), QStringLiteral("0,0 10,0 10,10"),
+                          QStringLiteral("0,0 10,0"), QStringLiteral("0,0 10,0 20,20")}));
+    QCOMPARE(lastDump(output), QStringList{QStringLiteral("entity #1 polyline layer=0 width=0.25 0,0 10,0 20,20")});
 }
 
 QTEST_GUILESS_MAIN(tst_Sketchpad)

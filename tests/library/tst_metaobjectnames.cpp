@@ -43,6 +43,8 @@ void tst_MetaObjectNames::bareClassNames_data()
     QTest::newRow("ActionPool") << quintptr(&ActionPool::staticMetaObject) << QByteArray("ActionPool") << QByteArray("QObject");
     QTest::newRow("Factory") << quintptr(&Factory::staticMetaObject) << QByteArray("Factory") << QByteArray("QObject");
     QTest::newRow("Builder") << quintptr(&Builder::staticMetaObject) << QByteArray("Builder") << QByteArray("QObject");
+    QTest::newRow("InputSession") << quintptr(&InputSession::staticMetaObject) << QByteArray("InputSession") << QByteArray("QObject");
+    QTest::newRow("CommandLineModel") << quintptr(&CommandLineModel::staticMetaObject) << QByteArray("CommandLineModel") << QByteArray("QObject");
 }
 
 void tst_MetaObjectNames::bareClassNames()
