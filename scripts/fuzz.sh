@@ -9,7 +9,8 @@ bash scripts/setup.sh
 
 build=${BUILD_DIR:-build/fuzz}
 seconds=${FUZZ_SECONDS:-60}
-targets=(${FUZZ_TARGETS:-loadtemplate validatetemplate loadmap buildmap actionpoolload loadaliases loadtranscript inputsession})
+targets=(${FUZZ_TARGETS:-loadtemplate validatetemplate loadmap buildmap actionpoolload loadaliases loadtranscript inputsession
+          keymapload})
 
 CXX=clang++-14 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
     -DCMAKE_CXX_FLAGS_DEBUG="-g -O1" -DCS_QT_MAJOR=6 -DCS_BUILD_FUZZERS=ON \

@@ -8,6 +8,7 @@
 #include "ModifyOperations.h"
 #include "RibbonBar.h"
 #include "SessionOperations.h"
+#include "ShortcutsDialog.h"
 #include "SketchFactory.h"
 #include "ToolOperations.h"
 #include "ViewOperations.h"
@@ -17,14 +18,22 @@
 #include <CommandSystem/AliasTable.h>
 #include <CommandSystem/Builder.h>
 #include <CommandSystem/CommandLineModel.h>
+#include <CommandSystem/CommandPalette.h>
+#include <CommandSystem/CommandSearchModel.h>
+#include <CommandSystem/Keymap.h>
+#include <CommandSystem/ShortcutScheme.h>
 #include <CommandSystem/Template.h>
 #include <CommandSystem/TemplatePool.h>
 #include <CommandSystem/TemplateTools.h>
 #include <CommandSystem/WidgetMapper.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDockWidget>
+#include <QEventLoop>
+#include <QFileInfo>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QShortcut>
@@ -35,6 +44,7 @@
 #include <QWidgetAction>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace {
 
@@ -118,6 +128,9 @@ MainWindow::MainWindow(const QString& catalogue, QWidget* parent)
     buildCommandLine();
     buildStatusBar();
     setUpCommandNames(catalogue);
+    // Clones follow their action's shortcut, so shortcuts come once every clone is made.
+    applyCatalogueShortcuts(catalogue);
+    buildSearchAndShortcuts();
     m_context.runner->showPrompt();
 }
 
@@ -255,19 +268,99 @@ void MainWindow::buildCommandLine()
 }
 
 // What can be typed: the catalogue's commands, the program's own, and the aliases of the
-// catalogue's alias file, whose problems are shown in the command line's history.
+// catalogue's alias file, whose problems are shown in the command line's history. The aliases
+// serve the command palette and the shortcut checks as well.
 void MainWindow::setUpCommandNames(const QString& catalogue)
 {
     const QDir root(catalogue);
     const QStringList commands = templateNames(root) << QStringLiteral("dump");
-    Talvir::Vexa::Cs::AliasTable aliases;
     const QString aliasFile = root.filePath(QStringLiteral("commands.aliases"));
     if (QFileInfo::exists(aliasFile))
-        aliases.load(aliasFile);
-    for (const QString& problem : aliases.errors() + aliases.check(commands))
+        m_aliases.load(aliasFile);
+    for (const QString& problem : m_aliases.errors() + m_aliases.check(commands))
         m_context.commandLine->appendHistory(problem, CommandLine::Error);
     Talvir::Vexa::Cs::CommandLineModel* model = m_context.commandLineModel;
     model->setCommands(commands);
-    model->setAliases(aliases);
+    model->setAliases(m_aliases);
     model->setHelpCommand(QStringLiteral("help"));
+}
+
+// UI definition files carry no shortcuts; the catalogue gives its own in a keymap beside them.
+void MainWindow::applyCatalogueShortcuts(const QString& catalogue)
+{
+    const QString path = QDir(catalogue).filePath(QStringLiteral("ui/default.keymap"));
+    if (!QFileInfo::exists(path))
+        return;
+    Talvir::Vexa::Cs::Keymap defaults;
+    if (!defaults.load(path)) {
+        report(QStringLiteral("catalogue shortcuts not applied: ") + defaults.errorString());
+        return;
+    }
+    for (const QString& name : defaults.applyTo(*m_context.actions))
+        report(QStringLiteral("%1: no action %2 for its shortcut").arg(defaults.location(name).toString(), name));
+}
+
+// The command palette (Ctrl+Shift+P) and the shortcuts dialog, both in the Tools menu. The
+// scheme takes the catalogue's shortcuts as the defaults that the user's keymap changes.
+void MainWindow::buildSearchAndShortcuts()
+{
+    using namespace Talvir::Vexa::Cs;
+    m_shortcuts = new ShortcutScheme(m_context.actions, this);
+    auto* model = new CommandSearchModel(m_context.actions, this);
+    model->setTemplatePool(m_context.templates);
+    model->setAliases(m_aliases);
+    m_palette = new CommandPalette(model, this);
+    QMenu* tools = menuTitled(QStringLiteral("&Tools"));
+    tools->addSeparator();
+    QAction* palette = tools->addAction(QStringLiteral("Command &Palette..."), m_palette, &CommandPalette::open);
+    palette->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
+    QAction* shortcuts = tools->addAction(QStringLiteral("Keyboard &Shortcuts..."), this, &MainWindow::openShortcutsDialog);
+    shortcuts->setShortcut(QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_K));
+}
+
+QMenu* MainWindow::menuTitled(const QString& title)
+{
+    for (QAction* entry : menuBar()->actions()) {
+        if (entry->menu() && entry->text() == title)
+            return entry->menu();
+    }
+    return menuBar()->addMenu(title);
+}
+
+void MainWindow::loadUserKeymap(const QString& path)
+{
+    m_keymapPath = path;
+    if (!m_shortcuts->load(path)) {
+        report(QStringLiteral("your shortcuts were not applied: ") + m_shortcuts->errorString());
+        return;
+    }
+    const Talvir::Vexa::Cs::Keymap changes = m_shortcuts->changes();
+    for (const QString& name : m_shortcuts->orphans())
+        report(QStringLiteral("%1: no action %2; its shortcut is kept in the file")
+                   .arg(changes.location(name).toString(), name));
+}
+
+// One dialog, kept: it follows the actions' shortcuts while hidden.
+void MainWindow::openShortcutsDialog()
+{
+    if (!m_shortcutsDialog) {
+        m_shortcutsDialog = new ShortcutsDialog(m_shortcuts, m_aliases, m_keymapPath, this);
+        connect(m_shortcutsDialog, &ShortcutsDialog::message, this, [this](const QString& text) {
+            m_context.commandLine->appendHistory(text);
+        });
+        // The drawing window is active again before the next key, so that its shortcuts work
+        // at once; the window system would hand the activation over only later.
+        connect(m_shortcutsDialog, &QDialog::finished, this, [this] {
+            activateWindow();
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            m_context.commandLine->setFocus();
+        });
+    }
+    m_shortcutsDialog->open();
+}
+
+void MainWindow::report(const QString& text)
+{
+    std::fprintf(stderr, "sketchpad: %s\n", qPrintable(text));
+    m_context.commandLine->appendHistory(text, CommandLine::Error);
 }

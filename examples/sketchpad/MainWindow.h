@@ -4,14 +4,21 @@
 #include "Operations.h"
 #include "SketchContext.h"
 
+#include <CommandSystem/AliasTable.h>
+
 #include <QHash>
 #include <QMainWindow>
 
 #include <memory>
 
-namespace Talvir { namespace Vexa { namespace Cs { class Action; } } }
+namespace Talvir { namespace Vexa { namespace Cs {
+class Action;
+class CommandPalette;
+class ShortcutScheme;
+} } }
 class QLabel;
 class RibbonBar;
+class ShortcutsDialog;
 
 // Sketchpad's window. Start-up joins the subsystems: the template pool over the catalogue's
 // template directories, the builder's factory, the icon directories and the action pool over
@@ -30,6 +37,11 @@ public:
     QAction* ribbonClone(const QString& name) const;
     QWidget* fieldWidget(const QString& name) const;
 
+    // Applies the user's keymap on top of the catalogue's shortcuts and keeps its path for the
+    // shortcuts dialog to save to. A missing file changes nothing; a broken one is reported
+    // and changes nothing either.
+    void loadUserKeymap(const QString& path);
+
 private:
     using Action = Talvir::Vexa::Cs::Action;
 
@@ -40,6 +52,12 @@ private:
     void buildStatusBar();
     void buildCommandLine();
     void setUpCommandNames(const QString& catalogue);
+    void applyCatalogueShortcuts(const QString& catalogue);
+    void buildSearchAndShortcuts();
+    QMenu* menuTitled(const QString& title);
+    void openShortcutsDialog();
+    // Startup problems: on standard error and in the command line's history.
+    void report(const QString& text);
 
     SketchContext m_context;
     std::unique_ptr<Operations> m_operations;
@@ -47,6 +65,11 @@ private:
     QLabel* m_coordinates;
     QHash<QString, QAction*> m_menuClones;
     QHash<QString, QAction*> m_ribbonClones;
+    Talvir::Vexa::Cs::AliasTable m_aliases;
+    Talvir::Vexa::Cs::ShortcutScheme* m_shortcuts = nullptr;
+    Talvir::Vexa::Cs::CommandPalette* m_palette = nullptr;
+    ShortcutsDialog* m_shortcutsDialog = nullptr;
+    QString m_keymapPath;
 };
 
 #endif

@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QStandardPaths>
+#include <QTest>
 
 #include <cstdio>
 #include <memory>
@@ -34,7 +36,11 @@ int main(int argc, char* argv[])
                                     QStringLiteral("Write every command run, with its answers, to the transcript <file>; "
                                                    "--script replays such a file."),
                                     QStringLiteral("file"));
-    parser.addOptions({script, screenshot, catalogue, record});
+    const QCommandLineOption keymap(QStringLiteral("keymap"),
+                                    QStringLiteral("Read and save your shortcuts in <file> (default: shortcuts.keymap "
+                                                   "in the settings folder)."),
+                                    QStringLiteral("file"));
+    parser.addOptions({script, screenshot, catalogue, record, keymap});
     parser.process(app);
 
     const QString folder = parser.value(catalogue);
@@ -45,11 +51,19 @@ int main(int argc, char* argv[])
     MainWindow window(folder);
     if (parser.isSet(record))
         window.context().runner->setRecordFile(parser.value(record));
+    window.loadUserKeymap(parser.isSet(keymap)
+                              ? parser.value(keymap)
+                              : QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+                                    .filePath(QStringLiteral("shortcuts.keymap")));
     window.resize(1280, 820);
     window.show();
 
     std::unique_ptr<ScriptRunner> runner;
     if (parser.isSet(script) || parser.isSet(screenshot)) {
+        // Scripted keys reach shortcuts only once the window is active, as a user's do.
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            std::fprintf(stderr, "sketchpad: the window did not become active; scripted shortcuts may not fire\n");
         runner = std::make_unique<ScriptRunner>(&window, parser.value(script), parser.value(screenshot));
         if (!runner->start())
             return 2;

@@ -28,6 +28,14 @@
 #include <CommandSystem/Factory.h>
 #include <CommandSystem/WidgetMapper.h>
 
+#include <CommandSystem/KeyConflicts.h>
+#include <CommandSystem/KeyFinding.h>
+#include <CommandSystem/Keymap.h>
+#include <CommandSystem/ShortcutScheme.h>
+#include <CommandSystem/SourceLocation.h>
+
+#include <CommandSystem/CommandPalette.h>
+#include <CommandSystem/CommandSearchModel.h>
 #include <CommandSystem/NameMatcher.h>
 
 #include <CommandSystem/AliasTable.h>

@@ -45,6 +45,9 @@ void tst_MetaObjectNames::bareClassNames_data()
     QTest::newRow("Builder") << quintptr(&Builder::staticMetaObject) << QByteArray("Builder") << QByteArray("QObject");
     QTest::newRow("InputSession") << quintptr(&InputSession::staticMetaObject) << QByteArray("InputSession") << QByteArray("QObject");
     QTest::newRow("CommandLineModel") << quintptr(&CommandLineModel::staticMetaObject) << QByteArray("CommandLineModel") << QByteArray("QObject");
+    QTest::newRow("ShortcutScheme") << quintptr(&ShortcutScheme::staticMetaObject) << QByteArray("ShortcutScheme") << QByteArray("QObject");
+    QTest::newRow("CommandSearchModel") << quintptr(&CommandSearchModel::staticMetaObject) << QByteArray("CommandSearchModel") << QByteArray("QAbstractTableModel");
+    QTest::newRow("CommandPalette") << quintptr(&CommandPalette::staticMetaObject) << QByteArray("CommandPalette") << QByteArray("QFrame");
 }
 
 void tst_MetaObjectNames::bareClassNames()

@@ -1,11 +1,14 @@
 # Tests over the example catalogue in examples/: the schemas accept every file, cstool validate
 # passes on all templates, UI files and maps without a warning, cstool map --check on every
-# template directory, and cstool ui resolves every icon.
+# template directory, cstool ui resolves every icon, and cstool keys finds no clash between
+# shortcuts, commands, aliases and options.
 
 file(GLOB_RECURSE cs_example_templates CONFIGURE_DEPENDS ${CS_EXAMPLES}/templates/*.tcmd)
 file(GLOB_RECURSE cs_example_ui CONFIGURE_DEPENDS ${CS_EXAMPLES}/ui/*.xcui)
 file(GLOB_RECURSE cs_example_maps CONFIGURE_DEPENDS ${CS_EXAMPLES}/templates/*.map)
 file(GLOB_RECURSE cs_example_icons CONFIGURE_DEPENDS ${CS_EXAMPLES}/*.png)
+file(GLOB_RECURSE cs_example_keymaps CONFIGURE_DEPENDS ${CS_EXAMPLES}/ui/*.keymap)
+file(GLOB cs_example_aliases CONFIGURE_DEPENDS ${CS_EXAMPLES}/*.aliases)
 
 # cs_directories_of(<out> <files...>): the distinct directories that hold the files.
 function(cs_directories_of out)
@@ -27,7 +30,7 @@ foreach(directory IN LISTS cs_icon_dirs)
 endforeach()
 
 if(CS_XMLLINT)
-    foreach(file IN LISTS cs_example_templates cs_example_ui cs_example_maps)
+    foreach(file IN LISTS cs_example_templates cs_example_ui cs_example_maps cs_example_keymaps)
         get_filename_component(ext ${file} LAST_EXT)
         string(SUBSTRING ${ext} 1 -1 ext)
         file(RELATIVE_PATH name ${CS_EXAMPLES} ${file})
@@ -52,7 +55,12 @@ foreach(directory IN LISTS cs_template_dirs)
     add_test(NAME example_map_check_${name} COMMAND cstool map --check ${directory})
 endforeach()
 
+# The UI directories hold the catalogue's default keymap.
+add_test(NAME example_keys
+    COMMAND cstool keys ${cs_ui_dirs} ${cs_template_dirs} ${cs_example_aliases})
+set_tests_properties(example_keys PROPERTIES FAIL_REGULAR_EXPRESSION "warning:")
+
 add_test(NAME example_ui COMMAND cstool ui ${cs_icon_options} ${cs_ui_dirs})
 set_tests_properties(example_ui PROPERTIES FAIL_REGULAR_EXPRESSION "missing \\(")
 set_tests_properties(example_validate example_validate_defaults example_validate_recursive
-    example_ui PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    example_ui example_keys PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")

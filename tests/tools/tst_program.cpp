@@ -22,7 +22,7 @@ namespace {
 QStringList commandNames()
 {
     return {QStringLiteral("validate"), QStringLiteral("map"), QStringLiteral("list"),
-            QStringLiteral("show"), QStringLiteral("ui"), QStringLiteral("tr")};
+            QStringLiteral("show"), QStringLiteral("ui"), QStringLiteral("tr"), QStringLiteral("keys")};
 }
 } // namespace
 
@@ -93,6 +93,7 @@ void tst_Program::commandHelp_data()
     QTest::newRow("show") << "show" << "--json";
     QTest::newRow("ui") << "ui" << "--save <file>";
     QTest::newRow("tr") << "tr" << "-o, --output <FILE.ts>";
+    QTest::newRow("keys") << "keys" << "FILE...";
 }
 
 void tst_Program::commandHelp()

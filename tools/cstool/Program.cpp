@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "Console.h"
+#include "KeysCommand.h"
 #include "ListCommand.h"
 #include "MapCommand.h"
 #include "ShowCommand.h"
@@ -22,6 +23,7 @@ Program::Program()
     commands.emplace_back(new ShowCommand);
     commands.emplace_back(new UiCommand);
     commands.emplace_back(new TrCommand);
+    commands.emplace_back(new KeysCommand);
 }
 
 Program::~Program() = default;
